@@ -1,0 +1,39 @@
+# Flags that every target of ours takes, in one place.
+
+set(ROWLARK_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+
+if(ROWLARK_SANITIZE)
+  add_compile_options(-fsanitize=${ROWLARK_SANITIZE} -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${ROWLARK_SANITIZE})
+endif()
+if(ROWLARK_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+# The library is a plain folder tree: sources include each other from the root.
+function(rowlark_options target)
+  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_compile_options(${target} PRIVATE ${ROWLARK_WARNINGS})
+  if(WIN32)
+    target_compile_definitions(${target} PUBLIC
+      UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00 WINVER=0x0A00)
+    target_compile_options(${target} PRIVATE -fstack-protector-strong)
+  endif()
+endfunction()
+
+# Linked statically, with every exploit mitigation the linker offers.
+function(rowlark_windows_link target)
+  target_link_options(${target} PRIVATE
+    -static -fstack-protector-strong
+    -Wl,--high-entropy-va,--dynamicbase,--nxcompat)
+endfunction()
+
+# A kernel for one instruction set lives in a file named for it and is chosen at run time.
+function(rowlark_instruction_sets)
+  foreach(file ${ARGN})
+    if(file MATCHES "_avx2\\.cpp$")
+      set_source_files_properties(${file} PROPERTIES COMPILE_OPTIONS "-mavx2;-mbmi;-mbmi2")
+    endif()
+  endforeach()
+endfunction()

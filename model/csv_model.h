@@ -1,0 +1,66 @@
+// One delimited-text document as a table.
+//
+// The decoded text is kept whole; a record is a span of it, and its fields are found again whenever
+// a cell of that record is asked for. Edits stand beside the text, so that saving writes untouched
+// rows back as they were.
+//
+// Knows nothing of files or windows. A model belongs to one thread at a time.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "load/text/text_encoding.h"
+#include "model/csv_options.h"
+#include "model/table_model.h"
+
+namespace rl {
+
+class CsvModel final : public ITableModel {
+public:
+    CsvModel();
+    CsvModel(const CsvModel&) = delete;
+    CsvModel& operator=(const CsvModel&) = delete;
+    ~CsvModel() override;
+
+    /// Builds the table anew; edits are forgotten. False when a quoted field is still open at the
+    /// end of the text (the records are built all the same).
+    [[nodiscard]] bool Parse(std::wstring text, const CsvOptions& options);
+
+    [[nodiscard]] int32_t RowCount() const override;
+    [[nodiscard]] int32_t ColumnCount() const override;
+    [[nodiscard]] std::wstring CellText(int32_t row, int32_t column) const override;
+    [[nodiscard]] bool IsCommentRow(int32_t row) const override;
+    [[nodiscard]] bool IsCellEditable(int32_t row, int32_t column) const override;
+
+    /// Stores an edit; ignored outside the table.
+    void SetCellText(int32_t row, int32_t column, std::wstring_view text);
+    /// Puts a row of empty cells below `row`; false outside the table.
+    bool InsertRowBelow(int32_t row);
+    bool DeleteRow(int32_t row);
+    bool DeleteColumn(int32_t column);
+
+    /// The document's text with all edits; exactly the loaded text when there were none.
+    [[nodiscard]] std::wstring Serialize() const;
+    /// A value as it must stand in the text: in quotes when it needs them or `forceQuotes` says so.
+    [[nodiscard]] std::wstring QuoteField(std::wstring_view value, bool forceQuotes) const;
+
+    [[nodiscard]] const std::wstring& Text() const;      // as loaded
+    [[nodiscard]] const CsvOptions& Options() const;     // as given to Parse
+    [[nodiscard]] wchar_t Delimiter() const;             // given or found
+    [[nodiscard]] std::wstring_view LineEnding() const;  // "\r\n", "\n" or "\r"
+    [[nodiscard]] int32_t HiddenCommentCount() const;
+    [[nodiscard]] bool IsModified() const;
+    void ClearModified();
+
+    TextEncoding encoding;  // found when decoding; used again to save
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace rl

@@ -1,0 +1,1 @@
+#include "load/text/platform.h"

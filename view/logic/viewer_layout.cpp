@@ -1,0 +1,1 @@
+#include "view/logic/viewer_layout.h"
