@@ -1,0 +1,159 @@
+// The grid: a virtual list view that asks for each visible cell as it paints.
+//
+// It holds no text, only a row count; rows come from a RowView. What a cell shows, how wide a
+// column is and where a key leads is decided in view/logic; this class carries it out. It knows
+// nothing of documents, menus or the clipboard: what goes beyond a cell is told to its listener.
+//
+// Belongs to the thread of its window.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/config/themes.h"
+#include "view/logic/row_view.h"
+
+namespace rl {
+
+inline constexpr int kGridId = 1001;
+
+/// A cell of the grid, by its place on screen; -1 where there is none.
+struct GridCell {
+    int viewRow = -1;
+    int gridColumn = -1;
+
+    [[nodiscard]] bool IsCell() const { return viewRow >= 0 && gridColumn >= 0; }
+    bool operator==(const GridCell&) const = default;
+};
+
+enum class GridClick { Single, Double, Right };
+
+/// What the grid tells its owner. A call that can end the owner is the last thing the grid does
+/// with the message at hand.
+class IGridListener {
+public:
+    /// The current cell is another one, or none. Its text and position may be shown anew.
+    virtual void OnCurrentCellChanged() {}
+    /// Columns have moved on screen or changed their width: what stands above them must follow.
+    virtual void OnColumnsMoved() {}
+    /// Ctrl and the wheel: 1 for larger, -1 for smaller.
+    virtual void OnFontStep(int /*direction*/) {}
+    /// A message of the list view window before anything else sees it (keys, characters, mouse);
+    /// an answer keeps it from the list view.
+    virtual std::optional<LRESULT> OnGridMessage(UINT /*id*/, WPARAM /*wparam*/,
+                                                 LPARAM /*lparam*/) {
+        return std::nullopt;
+    }
+    /// A click is about to make a cell current; true keeps it from doing so.
+    virtual bool OnCellPressed(GridClick /*click*/, GridCell /*cell*/) { return false; }
+    /// A click has made a cell current.
+    virtual void OnCellClicked(GridClick /*click*/, GridCell /*cell*/) {}
+    /// A click on a column's header without Ctrl.
+    virtual void OnHeaderClick(int /*gridColumn*/) {}
+    /// A right click on a column's header; the column is current by now, without a row.
+    virtual void OnHeaderMenu() {}
+
+protected:
+    ~IGridListener() = default;
+};
+
+class Grid {
+public:
+    /// The settings the grid shows its table with, captured by its owner.
+    struct Style {
+        bool lineNumbers = false;     // grid column 0 counts the rows
+        bool decimalAlign = true;     // the separators of a column stand below each other
+        int maxColumnWidth = 300;     // at 96 dpi, pixels; below 1: no limit
+        int maxColumnSamples = 1000;  // rows measured for the widths
+    };
+
+    Grid() = default;
+    Grid(const Grid&) = delete;
+    Grid& operator=(const Grid&) = delete;
+    ~Grid();
+
+    /// Makes the list view, without rows and hidden, as a child of `parent`, which must pass the
+    /// notifications of Window() and Header() to OnNotify. False when the system refuses.
+    [[nodiscard]] bool Create(HWND parent, bool gridLines, IGridListener& listener);
+    [[nodiscard]] HWND Window() const { return window_; }
+    [[nodiscard]] HWND Header() const { return header_; }
+
+    /// Fonts are borrowed. Call RecomputeWidths once everything else has the new fonts too.
+    void SetFonts(HFONT normal, HFONT bold, int dpi);
+    void SetColors(const ThemeColors& colors);
+
+    /// Shows a table, which must outlive its being shown: columns, widths, rows, no current cell.
+    /// The hidden columns of the table before stay hidden. Null empties the grid.
+    void ShowTable(const RowView* view, const Style& style);
+    /// The rows of the view are others, or in another order. The current cell is left as it is:
+    /// the caller knows where it went. Without `keepScroll` the first row comes into view.
+    void RowsChanged(bool keepScroll);
+    /// Measures the columns again: after a change of font, dpi or content.
+    void RecomputeWidths();
+    [[nodiscard]] const RowView* View() const { return view_; }
+
+    [[nodiscard]] GridCell Current() const { return current_; }
+    /// Makes a cell current and repaints; either half may be -1. The selection stays.
+    void SetCurrent(GridCell cell);
+    /// Selects and focuses one row and no other; with -1 nothing is selected.
+    void SelectOnly(int viewRow);
+    /// Scrolls no further than needed: the row into view, then the column's left or right edge.
+    void BringIntoView(GridCell cell);
+    /// All three for one cell: current, alone selected, in view.
+    void GoTo(GridCell cell);
+    /// Moves the current cell for an arrow key; false when the key means nothing here.
+    bool Navigate(WPARAM key, bool ctrl);
+
+    /// The cell at a point of the client area; the row alone right of the last column.
+    [[nodiscard]] GridCell HitTest(POINT client) const;
+    /// The header column at a point of the header's client area, or -1.
+    [[nodiscard]] int HitTestHeader(POINT client) const;
+    /// The cell's bounds in client pixels, as painted.
+    [[nodiscard]] RECT CellBounds(GridCell cell) const;
+
+    [[nodiscard]] int RowCount() const;
+    [[nodiscard]] int ColumnCount() const { return columnCount_; }
+    [[nodiscard]] bool HasLineNumbers() const { return style_.lineNumbers; }
+    /// The model's column behind a grid column; -1 for the line numbers and outside the grid.
+    [[nodiscard]] int DataColumn(int gridColumn) const;
+    /// The grid column that shows a data column; -1 outside the grid.
+    [[nodiscard]] int GridColumnOf(int dataColumn) const;
+    /// What the grid shows; empty outside it.
+    [[nodiscard]] std::wstring CellText(int viewRow, int gridColumn) const;
+    [[nodiscard]] std::wstring HeaderText(int gridColumn) const;
+    [[nodiscard]] int ColumnWidth(int gridColumn) const;
+    /// The selected view rows, in order.
+    [[nodiscard]] std::vector<int> SelectedRows() const;
+
+    /// Hides a data column; ignored for the line numbers.
+    void HideColumn(int gridColumn);
+    void ShowAllColumns();
+    [[nodiscard]] bool IsHidden(int dataColumn) const;
+    /// Forgets what is hidden; for a table of other columns.
+    void ForgetHiddenColumns();
+
+    /// The mark beside a header text: 1 up, -1 down; any other direction takes the mark away.
+    void SetSortMark(int gridColumn, int direction);
+    /// What was typed to find a row no longer counts.
+    void ClearTypeAhead();
+
+    /// Answers a notification of the list view or its header; nothing for one that is not ours.
+    std::optional<LRESULT> OnNotify(NMHDR& note);
+
+private:
+    HWND window_ = nullptr;
+    HWND header_ = nullptr;
+    IGridListener* listener_ = nullptr;
+    const RowView* view_ = nullptr;
+    Style style_;
+    GridCell current_;
+    int columnCount_ = 0;
+};
+
+}  // namespace rl
