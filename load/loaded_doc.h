@@ -16,7 +16,7 @@ namespace rl::detail {
 
 struct LoadedDoc {
     std::unique_ptr<CsvModel> csvModel;
-    std::wstring error;                  // one sentence for the user when there is no model
+    std::wstring error;                   // one sentence for the user when there is no model
     std::atomic<bool> abandoned = false;  // the viewer no longer wants the result
 };
 
