@@ -1,0 +1,79 @@
+// Fills the edit control in pieces: wrapping millions of units takes it a while.
+#include "view/value_pane.h"
+
+#include <limits>
+
+#include "view/control.h"
+#include "view/logic/pane_text.h"
+
+namespace rl {
+
+namespace {
+
+constexpr size_t kFirstUnits = 64 * 1024;
+constexpr size_t kNextUnits = 256 * 1024;
+constexpr UINT_PTR kRestTimer = 1;  // of the pane's own window
+constexpr UINT kRestDelay = 10;     // milliseconds; timers wait until no input is left
+
+}  // namespace
+
+bool ValuePane::Create(HWND parent) {
+    constexpr DWORD kStyle = ES_MULTILINE | ES_READONLY | WS_VSCROLL | WS_TABSTOP;
+    window_ = CreateControl(parent, L"EDIT", L"", kStyle, kValuePaneId);
+    if (window_ == nullptr) {
+        return false;
+    }
+    SendMessageW(window_, EM_SETLIMITTEXT, static_cast<WPARAM>(std::numeric_limits<int>::max() - 1),
+                 0);
+    return subclass_.Attach(window_, [this](HWND, const Message& in) { return OnMessage(in); });
+}
+
+void ValuePane::Show(std::wstring_view text) {
+    if (window_ == nullptr) {
+        return;
+    }
+    KillTimer(window_, kRestTimer);
+    text_ = PaneText(text);
+    shown_ = PaneChunk(text_, kFirstUnits);
+    if (shown_ == text_.size()) {
+        SetWindowTextW(window_, text_.c_str());
+        text_ = {};
+        return;
+    }
+    SetWindowTextW(window_, text_.substr(0, shown_).c_str());
+    SetTimer(window_, kRestTimer, kRestDelay, nullptr);
+}
+
+Answer ValuePane::OnMessage(const Message& in) {
+    if (in.id == WM_TIMER && in.wparam == kRestTimer) {
+        AppendChunk();
+        return 0;
+    }
+    return std::nullopt;
+}
+
+// What the reader has selected and scrolled to stays as it is.
+void ValuePane::AppendChunk() {
+    const std::wstring_view rest = std::wstring_view(text_).substr(shown_);
+    const std::wstring chunk(rest.substr(0, PaneChunk(rest, kNextUnits)));
+    DWORD first = 0;
+    DWORD last = 0;
+    SendMessageW(window_, EM_GETSEL, reinterpret_cast<WPARAM>(&first),
+                 reinterpret_cast<LPARAM>(&last));
+    const auto top = SendMessageW(window_, EM_GETFIRSTVISIBLELINE, 0, 0);
+    {
+        const RedrawScope still(window_);
+        SendMessageW(window_, EM_SETSEL, shown_, static_cast<LPARAM>(shown_));
+        SendMessageW(window_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(chunk.c_str()));
+        SendMessageW(window_, EM_SETSEL, first, static_cast<LPARAM>(last));
+        const auto moved = SendMessageW(window_, EM_GETFIRSTVISIBLELINE, 0, 0);
+        SendMessageW(window_, EM_LINESCROLL, 0, top - moved);
+    }
+    shown_ += chunk.size();
+    if (shown_ >= text_.size()) {
+        KillTimer(window_, kRestTimer);
+        text_ = {};
+    }
+}
+
+}  // namespace rl
