@@ -40,7 +40,9 @@ struct Rect {
 }
 
 /// A size given at 96 dpi, in pixels of the screen.
-[[nodiscard]] constexpr int Scale(int value, int dpi) { return MulDivRound(value, dpi, kBaseDpi); }
+[[nodiscard]] constexpr int Scale(int value, int dpi) {
+    return MulDivRound(value, dpi, kBaseDpi);
+}
 
 /// The height of a font of `points`, as CreateFont takes it: negative.
 [[nodiscard]] constexpr int FontHeight(int points, int dpi) {

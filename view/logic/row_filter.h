@@ -10,7 +10,7 @@ struct ColumnFilter {
     wchar_t op = 0;          // 0: contains; else one of = ! < >
     bool hasNumber = false;  // for < and >: the operand is a number
     double number = 0;
-    std::wstring operand;    // lowered unless matching is case-sensitive
+    std::wstring operand;  // lowered unless matching is case-sensitive
 
     [[nodiscard]] bool IsActive() const { return op != 0 || !operand.empty(); }
 };

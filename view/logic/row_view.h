@@ -31,7 +31,8 @@ public:
     [[nodiscard]] int32_t VisibleRowCount() const;
     /// The model row behind a view row; -1 outside the view.
     [[nodiscard]] int32_t ModelRow(int32_t viewRow) const;
-    /// The view row that shows a model row; -1 when it is filtered away. Costs a pass over the view.
+    /// The view row that shows a model row; -1 when it is filtered away. Costs a pass over the
+    /// view.
     [[nodiscard]] int32_t ViewRowOf(int32_t modelRow) const;
     /// The cell as the grid shows it; empty outside the view.
     [[nodiscard]] std::wstring CellText(int32_t viewRow, int32_t column) const;
@@ -45,6 +46,7 @@ public:
 
 private:
     void Compile();
+    [[nodiscard]] bool Passes(int32_t modelRow, const std::vector<int32_t>& columns) const;
 
     const ITableModel* model_;
     bool hasHeaderRow_;
