@@ -20,6 +20,29 @@ inline constexpr std::wstring_view kUnbalancedQuotes =
 inline constexpr std::wstring_view kNotJson = L"Not a valid JSON document";
 inline constexpr std::wstring_view kNotXml = L"Not a valid XML document";
 
+/// Both sizes as FormatByteSize writes them.
+[[nodiscard]] inline std::wstring OverConfiguredLimit(std::wstring_view size,
+                                                      std::wstring_view limit) {
+    std::wstring text =
+        L"The file could not be loaded because it exceeds the configured size limit.\r\nFile "
+        L"size: ";
+    text += size;
+    text += L"\r\nLimit: ";
+    text += limit;
+    text +=
+        L"\r\n\r\nRaise max-file-size in rowlark.ini to open it (memory use peaks at roughly 4x "
+        L"the "
+        L"file size).";
+    return text;
+}
+
+[[nodiscard]] inline std::wstring OverHardLimit(std::wstring_view size) {
+    std::wstring text = L"The file is too large for this plugin.\r\nFile size: ";
+    text += size;
+    text += L"\r\nHard limit: 2147483647 bytes (2048.0 MB)";
+    return text;
+}
+
 }  // namespace messages
 
 /// Records why something failed and says so: `return Fail(error, messages::kNotRead);`.

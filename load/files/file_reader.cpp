@@ -1,0 +1,102 @@
+#include "load/files/file_reader.h"
+
+#include <algorithm>
+
+#include "load/text/byte_size.h"
+#include "load/text/messages.h"
+
+namespace rl {
+namespace {
+
+/// Asked for in one call. Small enough that a load which nobody wants any more ends soon, large
+/// enough that the calls do not count.
+constexpr size_t kReadStep = size_t{4} << 20;
+
+/// Shares everything: a file that its writer still holds open, or is about to rename, can be seen.
+UniqueFile OpenForReading(const std::wstring& path) {
+    return UniqueFile(CreateFileW(path.c_str(), GENERIC_READ,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+/// Reads up to `count` bytes, at most one step. Returns how many came; 0 at the end of the file and
+/// on an error alike.
+size_t ReadSome(HANDLE file, char* out, size_t count) {
+    DWORD got = 0;
+    const auto wanted = static_cast<DWORD>(std::min(count, kReadStep));
+    return ReadFile(file, out, wanted, &got, nullptr) ? got : 0;
+}
+
+enum class Outcome { Complete, Failed, Abandoned };
+
+/// Fills `bytes` with `size` bytes of the file. What the string's memory held before is never
+/// cleared: touching it twice costs more than the reading.
+Outcome ReadExactly(HANDLE file, size_t size, std::string& bytes, const AbandonCheck& abandoned) {
+    Outcome outcome = Outcome::Complete;
+    bytes.resize_and_overwrite(size, [&](char* out, size_t) noexcept {
+        for (size_t done = 0; done < size;) {
+            if (IsAbandoned(abandoned)) {
+                outcome = Outcome::Abandoned;
+                return size_t{0};
+            }
+            const size_t got = ReadSome(file, out + done, size - done);
+            if (got == 0) {
+                outcome = Outcome::Failed;
+                return size_t{0};
+            }
+            done += got;
+        }
+        return size;
+    });
+    if (outcome != Outcome::Complete) {
+        bytes = std::string();
+    }
+    return outcome;
+}
+
+}  // namespace
+
+bool ReadFileLimited(const std::wstring& path, int64_t limit, std::string& bytes,
+                     std::wstring& error, const AbandonCheck& abandoned) {
+    bytes = std::string();
+    error.clear();
+    const UniqueFile file = OpenForReading(path);
+    if (!file) {
+        return Fail(error, messages::kNotOpened);
+    }
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(file.Get(), &size)) {
+        return Fail(error, messages::kNoSize);
+    }
+    error = SizeRefusal(size.QuadPart, limit);
+    if (!error.empty()) {
+        return false;
+    }
+    switch (ReadExactly(file.Get(), static_cast<size_t>(size.QuadPart), bytes, abandoned)) {
+        case Outcome::Complete: return true;
+        case Outcome::Abandoned: return false;
+        case Outcome::Failed: break;
+    }
+    return Fail(error, messages::kNotRead);
+}
+
+std::string ReadFileHead(const std::wstring& path, uint32_t count) {
+    std::string head;
+    const UniqueFile file = OpenForReading(path);
+    if (file) {
+        head.resize_and_overwrite(count, [&](char* out, size_t room) noexcept {
+            return ReadSome(file.Get(), out, room);
+        });
+    }
+    return head;
+}
+
+std::optional<uint64_t> FileSizeOf(const std::wstring& path) {
+    WIN32_FILE_ATTRIBUTE_DATA found{};
+    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &found)) {
+        return std::nullopt;
+    }
+    return uint64_t{found.nFileSizeHigh} << 32 | found.nFileSizeLow;
+}
+
+}  // namespace rl

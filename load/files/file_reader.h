@@ -1,0 +1,29 @@
+// Reads a whole file into memory, under a limit.
+//
+// Reports failures as a sentence and shows nothing; touches no shared state, so it serves the
+// worker and the user-interface thread alike.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "load/files/file_handle.h"
+#include "load/text/abandon_check.h"
+
+namespace rl {
+
+/// Reads the file into `bytes`, which is then exactly as long as the file was when it was opened.
+/// `limit` is in bytes, 0 or less for none; a file of 2 GiB is refused all the same. On failure
+/// `bytes` is empty and `error` holds a sentence, or nothing when `abandoned` ended the reading.
+/// Throws std::bad_alloc when the bytes do not fit into memory.
+[[nodiscard]] bool ReadFileLimited(const std::wstring& path, int64_t limit, std::string& bytes,
+                                   std::wstring& error, const AbandonCheck& abandoned = {});
+
+/// The first `count` bytes of a file, fewer when it is shorter; empty when it cannot be read.
+[[nodiscard]] std::string ReadFileHead(const std::wstring& path, uint32_t count);
+
+/// The size of a file by its directory entry, without opening it.
+[[nodiscard]] std::optional<uint64_t> FileSizeOf(const std::wstring& path);
+
+}  // namespace rl
