@@ -11,13 +11,19 @@
 
 #include <commctrl.h>
 
-#include <cstdint>
+#include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "host/config/themes.h"
+#include "view/logic/column_widths.h"
+#include "view/logic/grid_columns.h"
 #include "view/logic/row_view.h"
+#include "view/logic/type_ahead.h"
+#include "view/message.h"
+#include "view/subclass.h"
 
 namespace rl {
 
@@ -46,10 +52,7 @@ public:
     virtual void OnFontStep(int /*direction*/) {}
     /// A message of the list view window before anything else sees it (keys, characters, mouse);
     /// an answer keeps it from the list view.
-    virtual std::optional<LRESULT> OnGridMessage(UINT /*id*/, WPARAM /*wparam*/,
-                                                 LPARAM /*lparam*/) {
-        return std::nullopt;
-    }
+    virtual Answer OnGridMessage(const Message& /*in*/) { return std::nullopt; }
     /// A click is about to make a cell current; true keeps it from doing so.
     virtual bool OnCellPressed(GridClick /*click*/, GridCell /*cell*/) { return false; }
     /// A click has made a cell current.
@@ -118,8 +121,10 @@ public:
     [[nodiscard]] RECT CellBounds(GridCell cell) const;
 
     [[nodiscard]] int RowCount() const;
-    [[nodiscard]] int ColumnCount() const { return columnCount_; }
-    [[nodiscard]] bool HasLineNumbers() const { return style_.lineNumbers; }
+    [[nodiscard]] int ColumnCount() const;
+    [[nodiscard]] bool HasLineNumbers() const {
+        return view_ != nullptr && columns_.HasLineNumbers();
+    }
     /// The model's column behind a grid column; -1 for the line numbers and outside the grid.
     [[nodiscard]] int DataColumn(int gridColumn) const;
     /// The grid column that shows a data column; -1 outside the grid.
@@ -135,7 +140,7 @@ public:
     void HideColumn(int gridColumn);
     void ShowAllColumns();
     [[nodiscard]] bool IsHidden(int dataColumn) const;
-    /// Forgets what is hidden; for a table of other columns.
+    /// Forgets what is hidden without measuring: before a table of other columns is shown.
     void ForgetHiddenColumns();
 
     /// The mark beside a header text: 1 up, -1 down; any other direction takes the mark away.
@@ -144,16 +149,65 @@ public:
     void ClearTypeAhead();
 
     /// Answers a notification of the list view or its header; nothing for one that is not ours.
-    std::optional<LRESULT> OnNotify(NMHDR& note);
+    Answer OnNotify(NMHDR& note);
 
 private:
+    /// One cell's text, kept because it is asked for again: by the painter and by the list view.
+    struct KeptText {
+        GridCell cell;
+        std::wstring text;
+    };
+
+    Answer OnMessage(HWND window, const Message& in);
+    Answer OnKeyDown(const Message& in);
+    Answer OnHeaderMessage(HWND window, const Message& in);
+    void OnHeaderItemChanged(const NMHEADERW& note);
+    Answer OnHeaderDraw(NMCUSTOMDRAW& draw);
+    Answer OnHeaderRightClick();
+    Answer OnCellDraw(NMLVCUSTOMDRAW& draw);
+    LRESULT OnRowDraw(NMLVCUSTOMDRAW& draw);
+    LRESULT OnSubitemDraw(NMLVCUSTOMDRAW& draw);
+    Answer OnCellText(NMLVDISPINFOW& note);
+    Answer OnFindItem(const NMLVFINDITEMW& note);
+    Answer OnItemChanged(const NMLISTVIEW& note);
+    Answer OnColumnClick(const NMLISTVIEW& note);
+    Answer OnClick(GridClick click, const NMITEMACTIVATE& note);
+
+    [[nodiscard]] int NextItem(int after, UINT flags) const;
+    [[nodiscard]] int SearchedColumn() const;
+    const std::wstring& KeepText(GridCell cell);
+    void ForgetTexts();
+    [[nodiscard]] std::vector<int> Measure();
+    void ApplyColumns(const std::vector<int>& widths);
+    [[nodiscard]] Rect HeaderItemRect(int gridColumn) const;
+    [[nodiscard]] bool HasGridLines() const;
+    void RedrawRow(int viewRow);
+    void TellColumnsMoved();
+
     HWND window_ = nullptr;
     HWND header_ = nullptr;
     IGridListener* listener_ = nullptr;
+    Subclass subclass_;
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+
+    HFONT normalFont_ = nullptr;
+    HFONT boldFont_ = nullptr;
+    int dpi_ = kBaseDpi;
+    ThemeColors colors_;
+
     const RowView* view_ = nullptr;
     Style style_;
+    GridColumns columns_;
+    ColumnMetrics metrics_;
+    std::vector<std::wstring> headerTexts_;
     GridCell current_;
-    int columnCount_ = 0;
+    TypeAhead typeAhead_;
+    std::array<KeptText, 2> keptTexts_;  // the list view asks for a row's first cell in between
+
+    bool settingWidths_ = false;  // many columns change: told to the listener once, at the end
+    bool movingFocus_ = false;    // the list view's focus moves because we say so
+    bool drawnRowIsSelected_ = false;
+    bool swallowChar_ = false;  // the character of a key that was used
 };
 
 }  // namespace rl

@@ -3,24 +3,22 @@
 #include "view/header_painter.h"
 
 #include <algorithm>
-#include <array>
 
+#include "view/logic/cell_plan.h"
 #include "view/paint_scope.h"
 
 namespace rl {
 namespace {
 
-constexpr int kPadding = 6;  // at 96 dpi, pixels, as all of these
-constexpr int kMarkWidth = 8;
 constexpr int kDividerStrength = 48;  // of 255
 
-/// A triangle of which only whole rows are drawn: the same shape at every size.
-void PaintMark(HDC dc, const Rect& box, int direction, COLORREF color) {
-    const int rows = std::max(1, box.width / 2);
-    const int top = box.top + (box.height - rows) / 2;
-    for (int row = 0; row < rows; ++row) {
-        const int inset = direction > 0 ? rows - 1 - row : row;
-        FillSolid(dc, {box.left + inset, top + row, box.width - 2 * inset, 1}, color);
+/// A triangle row by row: the same shape at every size, without edges that a pen would blur.
+void PaintMark(HDC dc, const Rect& mark, int direction, COLORREF color) {
+    for (int row = 0; row < mark.height; ++row) {
+        const int fromTip = direction > 0 ? row : mark.height - 1 - row;
+        const int half = (mark.width - 1) * fromTip / (2 * std::max(1, mark.height - 1));
+        const int middle = mark.left + mark.width / 2;
+        FillSolid(dc, {middle - half, mark.top + row, 2 * half + 1, 1}, color);
     }
 }
 
@@ -31,24 +29,19 @@ void PaintHeaderItem(HDC dc, const Rect& item, std::wstring_view text, int direc
     if (item.IsEmpty()) {
         return;
     }
-    const int padding = Scale(kPadding, look.dpi);
-    const int markWidth = Scale(kMarkWidth, look.dpi);
-    const int room = direction != 0 ? markWidth + padding : 0;
+    const HeaderPlan plan = PlanHeader(item, direction != 0, look.dpi);
     const ClipScope clip(dc, item);
     FillSolid(dc, item, look.colors.headerBack);
     FillSolid(dc, {item.Right() - 1, item.top, 1, item.height},
               MixColors(look.colors.headerBack, look.colors.headerText, kDividerStrength));
-    if (direction != 0) {
-        const int markLeft = std::max(item.left, item.Right() - padding - markWidth);
-        PaintMark(dc, {markLeft, item.top, markWidth, item.height}, direction,
-                  look.colors.headerText);
+    if (!plan.mark.IsEmpty()) {
+        PaintMark(dc, plan.mark, direction, look.colors.headerText);
     }
-    const SelectScope font(dc, look.bold);
-    SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, look.colors.headerText);
-    const Rect box{item.left + padding, item.top, item.width - 2 * padding - room, item.height};
-    if (!box.IsEmpty()) {
-        DrawIn(dc, box, text, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    if (!plan.text.IsEmpty()) {
+        const SelectScope font(dc, look.bold);
+        SetBkMode(dc, TRANSPARENT);
+        SetTextColor(dc, look.colors.headerText);
+        DrawIn(dc, plan.text, text, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
 }
 

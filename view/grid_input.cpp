@@ -1,0 +1,310 @@
+// What the user does to the grid: clicks, keys the list view answers itself, typing to find a row,
+// the wheel; and where the current cell goes in consequence.
+#include <algorithm>
+#include <utility>
+
+#include "view/flag_scope.h"
+#include "view/grid.h"
+#include "view/logic/grid_navigation.h"
+#include "view/paint_scope.h"
+
+namespace rl {
+namespace {
+
+bool CtrlIsDown() {
+    return GetKeyState(VK_CONTROL) < 0;
+}
+
+/// Messages of the list view after which columns may stand elsewhere.
+bool MovesColumns(UINT id) {
+    switch (id) {
+        case WM_HSCROLL:
+        case WM_MOUSEHWHEEL:
+        case WM_SIZE:
+        case LVM_SCROLL:
+        case LVM_ENSUREVISIBLE:
+        case LVM_SETCOLUMNWIDTH: return true;
+        default: return false;
+    }
+}
+
+}  // namespace
+
+Answer Grid::OnMessage(HWND window, const Message& in) {
+    switch (in.id) {
+        case WM_MOUSEWHEEL:
+            if ((GET_KEYSTATE_WPARAM(in.wparam) & MK_CONTROL) != 0) {
+                listener_->OnFontStep(GET_WHEEL_DELTA_WPARAM(in.wparam) > 0 ? 1 : -1);
+                return 0;
+            }
+            break;
+        case WM_NOTIFY: return OnHeaderMessage(window, in);
+        case WM_KEYDOWN: return OnKeyDown(in);
+        case WM_CHAR:
+            if (std::exchange(swallowChar_, false)) {
+                return 0;
+            }
+            break;
+        case WM_SETFOCUS: {
+            // Without a focused row the list view takes the first one: that is no one's choice.
+            const FlagScope own(movingFocus_);
+            return DefSubclassProc(window, in.id, in.wparam, in.lparam);
+        }
+        default: break;
+    }
+    if (const Answer used = listener_->OnGridMessage(in)) {
+        return used;
+    }
+    if (!MovesColumns(in.id)) {
+        return std::nullopt;
+    }
+    const LRESULT result = DefSubclassProc(window, in.id, in.wparam, in.lparam);
+    TellColumnsMoved();
+    return result;
+}
+
+Answer Grid::OnKeyDown(const Message& in) {
+    // The character of a used key is on its way already. Set before the call, for nothing of ours
+    // may be touched after a key that ended the owner.
+    swallowChar_ = true;
+    if (const Answer used = listener_->OnGridMessage(in)) {
+        return used;
+    }
+    swallowChar_ = false;
+    return std::nullopt;
+}
+
+Answer Grid::OnHeaderMessage(HWND window, const Message& in) {
+    const auto& note = *reinterpret_cast<const NMHDR*>(in.lparam);
+    if (note.hwndFrom != header_) {
+        return std::nullopt;
+    }
+    if (note.code == NM_CUSTOMDRAW || note.code == NM_RCLICK) {
+        return SendMessageW(GetParent(window), WM_NOTIFY, in.wparam, in.lparam);
+    }
+    if (note.code == HDN_ITEMCHANGEDW || note.code == HDN_ITEMCHANGEDA) {
+        OnHeaderItemChanged(*reinterpret_cast<const NMHEADERW*>(in.lparam));
+    }
+    const std::weak_ptr<bool> alive = alive_;
+    const LRESULT result = DefSubclassProc(window, in.id, in.wparam, in.lparam);
+    if (!alive.expired()) {  // a click on a header reaches the owner from within
+        TellColumnsMoved();
+    }
+    return result;
+}
+
+// A hidden column that the user draws open by its divider is hidden no more.
+void Grid::OnHeaderItemChanged(const NMHEADERW& note) {
+    const int dataColumn = DataColumn(note.iItem);
+    const bool widened =
+        note.pitem != nullptr && (note.pitem->mask & HDI_WIDTH) != 0 && note.pitem->cxy > 0;
+    if (!settingWidths_ && widened && IsHidden(dataColumn)) {
+        hidden_[static_cast<size_t>(dataColumn)] = false;
+    }
+}
+
+void Grid::TellColumnsMoved() {
+    if (!settingWidths_) {
+        listener_->OnColumnsMoved();
+    }
+}
+
+Answer Grid::OnNotify(NMHDR& note) {
+    if (window_ == nullptr) {
+        return std::nullopt;
+    }
+    if (note.hwndFrom == header_) {
+        switch (note.code) {
+            case NM_CUSTOMDRAW: return OnHeaderDraw(reinterpret_cast<NMCUSTOMDRAW&>(note));
+            case NM_RCLICK: return OnHeaderRightClick();
+            default: return std::nullopt;
+        }
+    }
+    if (note.hwndFrom != window_) {
+        return std::nullopt;
+    }
+    switch (note.code) {
+        case NM_CUSTOMDRAW: return OnCellDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(note));
+        case LVN_GETDISPINFOW: return OnCellText(reinterpret_cast<NMLVDISPINFOW&>(note));
+        case LVN_ODFINDITEMW: return OnFindItem(reinterpret_cast<NMLVFINDITEMW&>(note));
+        case LVN_ITEMCHANGED: return OnItemChanged(reinterpret_cast<NMLISTVIEW&>(note));
+        case LVN_COLUMNCLICK: return OnColumnClick(reinterpret_cast<NMLISTVIEW&>(note));
+        case NM_CLICK: return OnClick(GridClick::Single, reinterpret_cast<NMITEMACTIVATE&>(note));
+        case NM_DBLCLK: return OnClick(GridClick::Double, reinterpret_cast<NMITEMACTIVATE&>(note));
+        case NM_RCLICK: return OnClick(GridClick::Right, reinterpret_cast<NMITEMACTIVATE&>(note));
+        default: return std::nullopt;
+    }
+}
+
+// The list view moved its focus by itself: the current row follows, the column stays.
+Answer Grid::OnItemChanged(const NMLISTVIEW& note) {
+    const bool focused = (note.uChanged & LVIF_STATE) != 0 &&
+                         (note.uNewState & LVIS_FOCUSED) != 0 &&
+                         (note.uOldState & LVIS_FOCUSED) == 0;
+    if (focused && note.iItem >= 0 && !movingFocus_) {
+        SetCurrent({note.iItem, current_.gridColumn});
+    }
+    return 0;
+}
+
+Answer Grid::OnColumnClick(const NMLISTVIEW& note) {
+    if (CtrlIsDown()) {
+        HideColumn(note.iSubItem);
+    } else {
+        listener_->OnHeaderClick(note.iSubItem);
+    }
+    return 0;
+}
+
+Answer Grid::OnClick(GridClick click, const NMITEMACTIVATE& note) {
+    GridCell cell;
+    if (note.iItem >= 0 && note.iItem < RowCount()) {
+        cell = {note.iItem, note.iSubItem < ColumnCount() ? note.iSubItem : -1};
+    }
+    if (!listener_->OnCellPressed(click, cell)) {
+        SetCurrent(cell);
+        listener_->OnCellClicked(click, cell);
+    }
+    return 0;
+}
+
+Answer Grid::OnHeaderRightClick() {
+    POINT point{};
+    GetCursorPos(&point);
+    ScreenToClient(header_, &point);
+    const int gridColumn = HitTestHeader(point);
+    if (gridColumn >= 0 && !listener_->OnCellPressed(GridClick::Right, {-1, gridColumn})) {
+        SetCurrent({-1, gridColumn});
+        listener_->OnHeaderMenu();
+    }
+    return 1;  // no WM_CONTEXTMENU of the system's own
+}
+
+void Grid::SetCurrent(GridCell cell) {
+    if (cell == current_) {
+        return;
+    }
+    const int before = std::exchange(current_, cell).viewRow;
+    RedrawRow(before);
+    RedrawRow(cell.viewRow);
+    listener_->OnCurrentCellChanged();
+}
+
+void Grid::RedrawRow(int viewRow) {
+    if (viewRow >= 0) {
+        SendMessageW(window_, LVM_REDRAWITEMS, static_cast<WPARAM>(viewRow), viewRow);
+    }
+}
+
+void Grid::SelectOnly(int viewRow) {
+    const FlagScope own(movingFocus_);
+    LVITEMW state{};
+    state.stateMask = LVIS_SELECTED;
+    SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(-1),
+                 reinterpret_cast<LPARAM>(&state));
+    if (viewRow < 0 || viewRow >= RowCount()) {
+        return;
+    }
+    state.state = state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(viewRow),
+                 reinterpret_cast<LPARAM>(&state));
+    // Shift and an arrow extend from here.
+    SendMessageW(window_, LVM_SETSELECTIONMARK, 0, viewRow);
+}
+
+void Grid::BringIntoView(GridCell cell) {
+    if (cell.viewRow >= 0 && cell.viewRow < RowCount()) {
+        SendMessageW(window_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(cell.viewRow), FALSE);
+    }
+    if (cell.gridColumn < 0 || cell.gridColumn >= ColumnCount()) {
+        return;
+    }
+    const Rect column = HeaderItemRect(cell.gridColumn);
+    int step = ScrollToShow(column.left, column.Right(), ClientRect(window_).width);
+    step =
+        std::min(step, std::max(0, column.left));  // a cell wider than the window shows its start
+    if (step != 0) {
+        SendMessageW(window_, LVM_SCROLL, static_cast<WPARAM>(step), 0);
+    }
+}
+
+void Grid::GoTo(GridCell cell) {
+    SetCurrent(cell);
+    SelectOnly(cell.viewRow);
+    BringIntoView(cell);
+}
+
+int Grid::HitTestHeader(POINT client) const {
+    HDHITTESTINFO hit{};
+    hit.pt = client;
+    SendMessageW(header_, HDM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    return (hit.flags & (HHT_ONHEADER | HHT_ONDIVIDER)) != 0 ? hit.iItem : -1;
+}
+
+GridCell Grid::HitTest(POINT client) const {
+    LVHITTESTINFO hit{};
+    hit.pt = client;
+    SendMessageW(window_, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    if (hit.iItem < 0) {
+        return {};
+    }
+    const Rect column = HeaderItemRect(hit.iSubItem);
+    const bool inside = client.x >= column.left && client.x < column.Right();
+    return {hit.iItem, inside ? hit.iSubItem : -1};
+}
+
+bool Grid::Navigate(WPARAM key, bool ctrl) {
+    std::vector<int> widths;
+    for (int gridColumn = 0; gridColumn < ColumnCount(); ++gridColumn) {
+        widths.push_back(ColumnWidth(gridColumn));
+    }
+    const NavigationState state{.current = {current_.viewRow, current_.gridColumn},
+                                .focusedRow = NextItem(-1, LVNI_FOCUSED),
+                                .firstSelectedRow = NextItem(-1, LVNI_SELECTED),
+                                .visibleRows = RowCount(),
+                                .columnWidths = widths};
+    const auto target = rl::Navigate(state, static_cast<VirtualKey>(key), ctrl);
+    if (target) {
+        GoTo({target->row, target->column});
+    }
+    return target.has_value();
+}
+
+int Grid::NextItem(int after, UINT flags) const {
+    return static_cast<int>(
+        SendMessageW(window_, LVM_GETNEXTITEM, static_cast<WPARAM>(after), flags));
+}
+
+// The text that comes with the notification is the list view's own and follows other rules about
+// time: only its last character, the one just typed, counts.
+Answer Grid::OnFindItem(const NMLVFINDITEMW& note) {
+    const std::wstring_view typed = note.lvfi.psz != nullptr ? note.lvfi.psz : L"";
+    if ((note.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || typed.empty()) {
+        return -1;
+    }
+    const int column = SearchedColumn();
+    const auto row = typeAhead_.Type(typed.back(), GetTickCount64(), current_.viewRow, RowCount(),
+                                     [&](int32_t viewRow) { return CellText(viewRow, column); });
+    return row ? *row : -1;
+}
+
+int Grid::SearchedColumn() const {
+    if (current_.gridColumn >= 0 && current_.gridColumn < ColumnCount()) {
+        return current_.gridColumn;
+    }
+    int column = HasLineNumbers() ? 1 : 0;
+    while (column + 1 < ColumnCount() && IsHidden(DataColumn(column))) {
+        ++column;
+    }
+    return column;
+}
+
+std::vector<int> Grid::SelectedRows() const {
+    std::vector<int> rows;
+    for (int row = NextItem(-1, LVNI_SELECTED); row >= 0; row = NextItem(row, LVNI_SELECTED)) {
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+}  // namespace rl
