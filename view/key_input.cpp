@@ -1,0 +1,77 @@
+// Key messages: those of the host first, then ours.
+#include "host/store/settings.h"
+#include "view/control.h"
+#include "view/logic/host_keys.h"
+#include "view/viewer.h"
+
+namespace rl {
+
+bool Viewer::HasFocusInside() const {
+    const HWND focus = GetFocus();
+    return focus != nullptr && (focus == window_ || IsChild(window_, focus));
+}
+
+bool Viewer::PassKeyToHost(WPARAM key) {
+    const HostKeyState state{.msSinceCreation = GetTickCount64() - createdAt_,
+                             .focusInside = HasFocusInside(),
+                             .focusInFilterBox = false,
+                             .ctrl = IsKeyDown(VK_CONTROL),
+                             .disableNumKeys = settings::IsOn(settings::kDisableNumKeys),
+                             .disableNpKeys = settings::IsOn(settings::kDisableNpKeys),
+                             .exitByQ = settings::IsOn(settings::kExitByQ)};
+    if (!IsHostKey(static_cast<VirtualKey>(key), state)) {
+        return false;
+    }
+    const UINT scanCode = MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC);
+    PostMessageW(GetParent(window_), WM_KEYDOWN, key, static_cast<LPARAM>(HostKeyData(scanCode)));
+    return true;
+}
+
+// Used keys answer true; whatever they did, the viewer may be gone by then.
+bool Viewer::HandleKey(WPARAM key) {
+    if (PassKeyToHost(key)) {
+        return true;
+    }
+    if (IsKeyDown(VK_CONTROL)) {
+        switch (key) {
+            case VK_ADD:
+            case VK_OEM_PLUS: OnFontStep(1); return true;
+            case VK_SUBTRACT:
+            case VK_OEM_MINUS: OnFontStep(-1); return true;
+            case VK_SPACE: grid_.ShowAllColumns(); return true;
+            case 'D': SetValuePaneShown(!settings_.valuePane); return true;
+            case VK_TAB:
+                SwitchTab(tab_ == ViewerTab::Data ? ViewerTab::Source : ViewerTab::Data);
+                return true;
+            default: break;
+        }
+    }
+    return GetFocus() == grid_.Window() && grid_.Navigate(key, IsKeyDown(VK_CONTROL));
+}
+
+Answer Viewer::OnKeyDown(WPARAM key) {
+    return loaded_ && HandleKey(key) ? Answer(0) : std::nullopt;
+}
+
+std::optional<LRESULT> Viewer::OnGridMessage(UINT id, WPARAM wparam, LPARAM) {
+    if (id == WM_KEYDOWN) {
+        swallowCharacters_ = loaded_ && HandleKey(wparam);
+        return swallowCharacters_ ? Answer(0) : std::nullopt;
+    }
+    // The character of a key that was used must not start a search in the list.
+    return id == WM_CHAR && swallowCharacters_ ? Answer(0) : std::nullopt;
+}
+
+// The source view and the value pane have arrows and editing keys of their own.
+Answer Viewer::OnSourceKey(const Message& in) {
+    if (in.id == WM_CHAR && swallowCharacters_) {
+        return 0;
+    }
+    if (in.id != WM_KEYDOWN) {
+        return std::nullopt;
+    }
+    swallowCharacters_ = loaded_ && HandleKey(in.wparam);
+    return swallowCharacters_ ? Answer(0) : std::nullopt;
+}
+
+}  // namespace rl

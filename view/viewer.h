@@ -1,0 +1,189 @@
+// The viewer: one window inside the host's, with every control of the user interface.
+//
+// It composes parts that own their controls (grid, tabs, value pane, ...) and passes messages
+// between them; what a message means is decided in view/logic where it can be. Its window owns it.
+// Whoever calls into it holds a reference for as long as the call lasts: the window, and with it
+// the document, may be gone when a call returns that showed a message box or a menu, but the object
+// is not. `IsGone()` then says so.
+//
+// Belongs to the thread of its window, which is the host's.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/config/themes.h"
+#include "load/load_worker.h"
+#include "load/loaded_doc.h"
+#include "load/text/document_kind.h"
+#include "view/fonts.h"
+#include "view/gdi_handles.h"
+#include "view/grid.h"
+#include "view/logic/row_view.h"
+#include "view/logic/viewer_layout.h"
+#include "view/message.h"
+#include "view/save_question.h"
+#include "view/source_view.h"
+#include "view/status_bar.h"
+#include "view/subclass.h"
+#include "view/tab_strip.h"
+#include "view/value_pane.h"
+#include "view/view_settings.h"
+
+namespace rl {
+
+/// Posted by the viewer to itself when a document has been laid out: the focus may go to it.
+inline constexpr UINT kFocusRequest = WM_APP + 101;
+
+class Viewer final : public std::enable_shared_from_this<Viewer>, private IGridListener {
+public:
+    /// Opens a viewer for `path` inside `host`; `showFlags` as the host gave them. Returns at once:
+    /// the document is read later. Null when the window cannot be made.
+    [[nodiscard]] static HWND Open(HWND host, const std::wstring& path, int showFlags);
+    /// The viewer behind a window; null for any other window.
+    [[nodiscard]] static std::shared_ptr<Viewer> Of(HWND window);
+    /// Takes the window classes back; for the module's end, when no viewer is left.
+    static void UnregisterClasses() noexcept;
+
+    Viewer(const Viewer&) = delete;
+    Viewer& operator=(const Viewer&) = delete;
+    ~Viewer() = default;
+
+    /// Asks about unsaved changes; destroys the window unless the user decides otherwise.
+    void Close();
+    /// The host's search, with the host's flags; false when nothing was found.
+    bool Find(std::wstring_view text, int flags);
+
+private:
+    enum class TimerId : UINT_PTR { StartLoad = 1, PendingFilter = 2 };
+
+    /// A document and how it is shown.
+    struct Document {
+        std::unique_ptr<CsvModel> csv;
+        std::unique_ptr<RowView> rows;  // refers to the model above
+        TextEncoding encoding;
+        bool delimiterDetected = false;
+    };
+
+    struct Brushes {
+        UniqueBrush back, filterBack, paneBack;
+    };
+
+    Viewer(HWND host, const std::wstring& path, int showFlags);
+
+    // viewer_create.cpp
+    bool CreateWindows(HWND host);
+    bool CreateControls();
+    void WatchChildren();
+    void TearDown() noexcept;
+    [[nodiscard]] bool IsGone() const { return window_ == nullptr; }
+
+    // viewer_messages.cpp
+    static LRESULT CALLBACK WindowProc(HWND window, UINT id, WPARAM wparam, LPARAM lparam);
+    Answer Handle(const Message& in);
+    Answer HandlePointer(const Message& in);
+    Answer OnTimer(TimerId timer);
+    Answer OnNotify(NMHDR& note);
+    Answer OnTabChange(NMHDR& note);
+    Answer OnEraseBackground(HDC dc);
+    Answer OnStaticColors(HDC dc, HWND control);
+    Answer OnDrawItem(const DRAWITEMSTRUCT& item);
+    Answer OnWheel(WPARAM wparam);
+    Answer OnFocus();
+    Answer OnFocusRequest();
+    Answer OnDpiChanged();
+    Answer OnChildMessage(HWND child, const Message& in);
+
+    // viewer_load.cpp
+    void StartLoad();
+    Answer OnLoadFinished();
+    void Adopt(detail::LoadedDoc& doc);
+    void ShowDocument();
+    void FailLoad(const std::wstring& error);
+    bool AskToSave(SaveReason reason);
+
+    // apply_layout.cpp
+    void Relayout();
+    [[nodiscard]] LayoutInput MeasureLayout();
+    void ApplyLayout(const ViewerLayout& layout);
+    void RescueFocus();
+
+    // splitter_input.cpp
+    [[nodiscard]] bool IsOverSplitter(POINT client) const;
+    Answer OnSetCursor(const Message& in);
+    Answer OnPress(POINT client);
+    Answer OnDrag(POINT client);
+    Answer OnRelease();
+    void SetValuePaneShown(bool shown);
+
+    // theme_apply.cpp
+    void LoadTheme();
+    void ApplyTheme();
+    void RebuildFonts();
+    void SetFontSize(int points);
+    void RefitAfterFonts();
+
+    // key_input.cpp
+    [[nodiscard]] bool HasFocusInside() const;
+    bool PassKeyToHost(WPARAM key);
+    bool HandleKey(WPARAM key);
+    Answer OnKeyDown(WPARAM key);
+    Answer OnSourceKey(const Message& in);
+
+    // viewer_show.cpp
+    void SwitchTab(ViewerTab tab);
+    void FocusContent();
+    void UpdateValuePane();
+    void UpdateStatusBar();
+    [[nodiscard]] Grid::Style GridStyle() const;
+
+    // IGridListener, viewer_show.cpp and key_input.cpp
+    void OnCurrentCellChanged() override;
+    void OnColumnsMoved() override;
+    void OnFontStep(int direction) override;
+    std::optional<LRESULT> OnGridMessage(UINT id, WPARAM wparam, LPARAM lparam) override;
+
+    HWND window_ = nullptr;         // null before its creation and after its end
+    std::shared_ptr<Viewer> self_;  // the window's own reference
+    std::wstring path_;
+    DocumentKind kind_ = DocumentKind::Csv;
+    bool mayTakeFocus_ = false;
+    uint64_t createdAt_ = 0;  // GetTickCount64
+    ViewSettings settings_;
+    int dpi_ = kBaseDpi;
+
+    ViewerFonts fonts_;
+    ThemeColors colors_;
+    SourceColors sourceColors_;
+    Brushes brushes_;
+
+    HWND placeholder_ = nullptr;
+    Grid grid_;
+    TabStrip tabs_;
+    ValuePane pane_;
+    SourceView source_;
+    StatusBar status_;
+    std::vector<Subclass> watches_;  // one for each child, see WatchChildren
+
+    Document document_;
+    bool loaded_ = false;
+    bool editMode_ = false;
+    ViewerTab tab_ = ViewerTab::Data;
+    ViewerLayout layout_;
+    int paneHeight_ = 0;  // pixels; 0: not yet set
+    bool draggingSplitter_ = false;
+    int dragBottom_ = 0;              // where the dragged pane ends, client pixels
+    bool swallowCharacters_ = false;  // those of a key that was already used
+
+    // Last, so that a worker has ended before anything else goes.
+    std::shared_ptr<detail::LoadedDoc> pending_;
+    bool delimiterDetected_ = false;  // of the load that runs
+    LoadWorker worker_;
+};
+
+}  // namespace rl
