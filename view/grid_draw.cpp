@@ -48,6 +48,7 @@ LRESULT Grid::OnSubitemDraw(NMLVCUSTOMDRAW& draw) {
     }
     const auto column = static_cast<size_t>(cell.gridColumn);
     CellInput input{.rect = rect,
+                    .text = {},
                     .state = {.viewRow = cell.viewRow,
                               .selected = drawnRowIsSelected_,
                               .current = cell == current_},

@@ -98,8 +98,8 @@ void Grid::OnHeaderItemChanged(const NMHEADERW& note) {
     const int dataColumn = DataColumn(note.iItem);
     const bool widened =
         note.pitem != nullptr && (note.pitem->mask & HDI_WIDTH) != 0 && note.pitem->cxy > 0;
-    if (!settingWidths_ && widened && IsHidden(dataColumn)) {
-        hidden_[static_cast<size_t>(dataColumn)] = false;
+    if (!settingWidths_ && widened) {
+        columns_.Show(dataColumn);
     }
 }
 

@@ -41,6 +41,12 @@ bool GridColumns::Hide(int32_t dataColumn) {
     return true;
 }
 
+void GridColumns::Show(int32_t dataColumn) {
+    if (HasData(dataColumn)) {
+        hidden_[static_cast<size_t>(dataColumn)] = false;
+    }
+}
+
 void GridColumns::ShowAll() {
     hidden_.assign(hidden_.size(), false);
 }

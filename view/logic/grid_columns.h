@@ -44,6 +44,8 @@ public:
     [[nodiscard]] bool IsHidden(int32_t dataColumn) const;
     /// False where there is no such column.
     bool Hide(int32_t dataColumn);
+    /// Shows one column again; nothing happens where there is none.
+    void Show(int32_t dataColumn);
     void ShowAll();
 
 private:
