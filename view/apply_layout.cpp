@@ -1,11 +1,11 @@
 // Rectangles to windows.
-#include <commctrl.h>
+#include "view/viewer.h"
 
+#include <commctrl.h>
 #include <span>
 
 #include "host/store/settings.h"
 #include "view/paint_scope.h"
-#include "view/viewer.h"
 
 namespace rl {
 

@@ -1,8 +1,9 @@
 // Key messages: those of the host first, then ours.
+#include "view/viewer.h"
+
 #include "host/store/settings.h"
 #include "view/control.h"
 #include "view/logic/host_keys.h"
-#include "view/viewer.h"
 
 namespace rl {
 
@@ -53,19 +54,12 @@ Answer Viewer::OnKeyDown(WPARAM key) {
     return loaded_ && HandleKey(key) ? Answer(0) : std::nullopt;
 }
 
-std::optional<LRESULT> Viewer::OnGridMessage(UINT id, WPARAM wparam, LPARAM) {
-    if (id == WM_KEYDOWN) {
-        swallowCharacters_ = loaded_ && HandleKey(wparam);
-        return swallowCharacters_ ? Answer(0) : std::nullopt;
-    }
-    // The character of a key that was used must not start a search in the list.
-    return id == WM_CHAR && swallowCharacters_ ? Answer(0) : std::nullopt;
-}
+Answer Viewer::OnGridMessage(const Message& in) { return OnPartKey(in); }
 
-// The source view and the value pane have arrows and editing keys of their own.
-Answer Viewer::OnSourceKey(const Message& in) {
+// Keys of a part that has arrows or editing keys of its own: what we do not use stays with it.
+Answer Viewer::OnPartKey(const Message& in) {
     if (in.id == WM_CHAR && swallowCharacters_) {
-        return 0;
+        return 0;  // of a key that was used: it must not start a search in the list
     }
     if (in.id != WM_KEYDOWN) {
         return std::nullopt;

@@ -1,7 +1,8 @@
 // The band above the value pane, under the mouse.
+#include "view/viewer.h"
+
 #include "host/store/settings.h"
 #include "view/logic/splitter.h"
-#include "view/viewer.h"
 
 namespace rl {
 

@@ -4,15 +4,8 @@
 #include <commctrl.h>
 
 #include "view/control.h"
-#include "view/logic/geometry.h"
 
 namespace rl {
-
-namespace {
-
-constexpr int kRightEdges[] = {110, 280, 480, 630};  // at 96 dpi, pixels; the last part is the rest
-
-}  // namespace
 
 bool StatusBar::Create(HWND parent) {
     window_ = CreateStatusWindowW(WS_CHILD | WS_VISIBLE, L"", parent, kStatusBarId);
@@ -23,11 +16,7 @@ void StatusBar::Update(const StatusTexts& texts, int dpi) {
     if (window_ == nullptr || !IsWindow(window_)) {
         return;
     }
-    std::array<int, kStatusPartCount> edges{};
-    for (size_t part = 0; part + 1 < kStatusPartCount; ++part) {
-        edges[part] = Scale(kRightEdges[part], dpi);
-    }
-    edges.back() = -1;
+    const std::array<int, kStatusPartCount> edges = StatusPartEdges(dpi);
     SendMessageW(window_, SB_SETPARTS, kStatusPartCount, reinterpret_cast<LPARAM>(edges.data()));
     for (size_t part = 0; part < kStatusPartCount; ++part) {
         SendMessageW(window_, SB_SETTEXTW, part, reinterpret_cast<LPARAM>(texts[part].c_str()));

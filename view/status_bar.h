@@ -3,15 +3,10 @@
 
 #include <windows.h>
 
-#include <array>
-#include <string>
-
 #include "host/config/themes.h"
+#include "view/logic/status_cells.h"
 
 namespace rl {
-
-inline constexpr size_t kStatusPartCount = 5;
-using StatusTexts = std::array<std::wstring, kStatusPartCount>;
 
 class StatusBar {
 public:

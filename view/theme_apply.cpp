@@ -1,7 +1,8 @@
 // Colours and fonts, from the settings into the controls.
+#include "view/viewer.h"
+
 #include "host/store/settings.h"
 #include "view/control.h"
-#include "view/viewer.h"
 
 namespace rl {
 

@@ -24,7 +24,9 @@
 #include "view/fonts.h"
 #include "view/gdi_handles.h"
 #include "view/grid.h"
+#include "view/logic/find_text.h"
 #include "view/logic/row_view.h"
+#include "view/logic/status_cells.h"
 #include "view/logic/viewer_layout.h"
 #include "view/message.h"
 #include "view/save_question.h"
@@ -133,20 +135,21 @@ private:
     bool PassKeyToHost(WPARAM key);
     bool HandleKey(WPARAM key);
     Answer OnKeyDown(WPARAM key);
-    Answer OnSourceKey(const Message& in);
+    Answer OnPartKey(const Message& in);
 
     // viewer_show.cpp
     void SwitchTab(ViewerTab tab);
     void FocusContent();
     void UpdateValuePane();
     void UpdateStatusBar();
+    [[nodiscard]] StatusState DescribeStatus() const;
     [[nodiscard]] Grid::Style GridStyle() const;
 
     // IGridListener, viewer_show.cpp and key_input.cpp
     void OnCurrentCellChanged() override;
     void OnColumnsMoved() override;
     void OnFontStep(int direction) override;
-    std::optional<LRESULT> OnGridMessage(UINT id, WPARAM wparam, LPARAM lparam) override;
+    Answer OnGridMessage(const Message& in) override;
 
     HWND window_ = nullptr;         // null before its creation and after its end
     std::shared_ptr<Viewer> self_;  // the window's own reference
@@ -171,6 +174,7 @@ private:
     std::vector<Subclass> watches_;  // one for each child, see WatchChildren
 
     Document document_;
+    CellFinder finder_;
     bool loaded_ = false;
     bool editMode_ = false;
     ViewerTab tab_ = ViewerTab::Data;

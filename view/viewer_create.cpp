@@ -1,11 +1,13 @@
 // The beginning and the end of a viewer.
+#include "view/viewer.h"
+
 #include <commctrl.h>
+#include <uxtheme.h>
 
 #include "host/lister_api.h"
 #include "load/load_options.h"
 #include "view/control.h"
 #include "view/paint_scope.h"
-#include "view/viewer.h"
 
 namespace rl {
 

@@ -1,11 +1,12 @@
 // From a file name to a table on the screen: start of a load, its completion, its failure.
+#include "view/viewer.h"
+
 #include <array>
 
 #include "host/store/settings.h"
 #include "load/load_options.h"
 #include "load/text/messages.h"
 #include "view/control.h"
-#include "view/viewer.h"
 
 namespace rl {
 

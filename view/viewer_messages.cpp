@@ -1,10 +1,11 @@
 // Messages of the viewer's window and of its children: who handles what.
+#include "view/viewer.h"
+
 #include <commctrl.h>
 #include <windowsx.h>
 
 #include "view/control.h"
 #include "view/paint_scope.h"
-#include "view/viewer.h"
 
 namespace rl {
 
@@ -177,7 +178,7 @@ Answer Viewer::OnChildMessage(HWND child, const Message& in) {
         return OnWheel(in.wparam);
     }
     if (child == source_.Window() || child == pane_.Window()) {
-        return OnSourceKey(in);
+        return OnPartKey(in);
     }
     return std::nullopt;
 }

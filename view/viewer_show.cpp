@@ -1,7 +1,8 @@
 // What is on view: the current tab, the current cell's text, the status bar.
+#include "view/viewer.h"
+
 #include "host/store/settings.h"
 #include "view/control.h"
-#include "view/viewer.h"
 
 namespace rl {
 
@@ -28,12 +29,29 @@ void Viewer::UpdateValuePane() {
 }
 
 void Viewer::UpdateStatusBar() {
-    StatusTexts texts;
-    texts[0] = L" Loading...";
-    if (loaded_) {
-        texts[0] = L" " + document_.encoding.name;
+    status_.Update(ComposeStatus(DescribeStatus()), dpi_);
+}
+
+StatusState Viewer::DescribeStatus() const {
+    if (!loaded_ || document_.rows == nullptr) {
+        return {};
     }
-    status_.Update(texts, dpi_);
+    const CsvModel& csv = *document_.csv;
+    const GridCell cell = grid_.Current();
+    StatusState state;
+    state.kind = StatusKind::Csv;
+    state.encodingName = document_.encoding.name;
+    state.editMode = editMode_;
+    state.modified = csv.IsModified();
+    state.visibleRows = document_.rows->VisibleRowCount();
+    state.totalRows = TotalDataRows(csv.RowCount(), document_.rows->HasHeaderRow());
+    state.focusedRow = cell.viewRow;
+    state.focusedColumn = cell.gridColumn;
+    state.delimiter = csv.Delimiter();
+    state.delimiterIsAuto = document_.delimiterDetected;
+    state.commentMode = csv.Options().commentMode;
+    state.commentLines = csv.HiddenCommentCount();
+    return state;
 }
 
 Grid::Style Viewer::GridStyle() const {
