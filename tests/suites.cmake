@@ -2,10 +2,11 @@
 # suite. The suites are read from the sources; CMake runs again when a test file changes.
 function(rowlark_windows_tests kind)
   file(GLOB sources CONFIGURE_DEPENDS ${kind}/*.cpp)
-  add_executable(rowlark_${kind}_tests ${sources})
+  file(GLOB helpers CONFIGURE_DEPENDS ${kind}/support/*.cpp)
+  add_executable(rowlark_${kind}_tests ${sources} ${helpers})
   rowlark_options(rowlark_${kind}_tests)
   target_link_libraries(rowlark_${kind}_tests PRIVATE
-    rowlark_test_support rowlark_windows GTest::gtest_main)
+    rowlark_test_support ${ARGN} GTest::gtest_main)
   rowlark_windows_link(rowlark_${kind}_tests)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${sources})
   set(suites)

@@ -1,0 +1,89 @@
+#include "tests/ui/support/fakes.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <memory>
+
+#include "tools/common/import_patch.h"
+
+namespace rl::test {
+
+namespace {
+
+std::unique_ptr<Fakes> current = std::make_unique<Fakes>();
+
+BOOL WINAPI FakeBeep(UINT sound) {
+    current->beeps.push_back(sound);
+    return TRUE;
+}
+
+int WINAPI FakeMessageBox(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) {
+    current->boxes.push_back({text, caption, type, owner});
+    if (current->whileBoxIsOpen) {
+        current->whileBoxIsOpen();
+    }
+    return current->boxAnswer;
+}
+
+std::vector<std::wstring> LabelsOf(HMENU menu) {
+    std::vector<std::wstring> labels;
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+        wchar_t label[256] = L"";
+        GetMenuStringW(menu, static_cast<UINT>(i), label, ARRAYSIZE(label), MF_BYPOSITION);
+        labels.emplace_back(label);
+    }
+    return labels;
+}
+
+BOOL WINAPI FakeMenu(HMENU menu, UINT, int x, int y, int, HWND, const RECT*) {
+    current->menus.push_back({LabelsOf(menu), {x, y}});
+    return current->menuAnswer;
+}
+
+HINSTANCE WINAPI FakeShell(HWND, LPCWSTR, LPCWSTR file, LPCWSTR, LPCWSTR, INT) {
+    current->links.emplace_back(file);
+    return reinterpret_cast<HINSTANCE>(static_cast<INT_PTR>(33));  // above 32 means success
+}
+
+HCURSOR WINAPI FakeSetCursor(HCURSOR cursor) {
+    current->cursors.push_back(cursor);
+    return SetCursor(cursor);
+}
+
+UINT WINAPI FakeDpi(HWND window) {
+    return current->dpi != 0 ? current->dpi : GetDpiForWindow(window);
+}
+
+ULONGLONG WINAPI FakeClock() {
+    return GetTickCount64() + current->clockOffset;
+}
+
+BOOL WINAPI FakeRead(HANDLE file, LPVOID buffer, DWORD length, LPDWORD read, LPOVERLAPPED over) {
+    ++current->reads;
+    if (const int delay = current->readDelay; delay > 0) {
+        Sleep(static_cast<DWORD>(delay));
+    }
+    return ReadFile(file, buffer, length, read, over);
+}
+
+}  // namespace
+
+Fakes& TheFakes() {
+    return *current;
+}
+
+void InstallFakes(HMODULE module) {
+    current = std::make_unique<Fakes>();
+    tools::PatchImport(module, "MessageBeep", &FakeBeep);
+    tools::PatchImport(module, "MessageBoxW", &FakeMessageBox);
+    tools::PatchImport(module, "TrackPopupMenu", &FakeMenu);
+    tools::PatchImport(module, "ShellExecuteW", &FakeShell);
+    tools::PatchImport(module, "SetCursor", &FakeSetCursor);
+    tools::PatchImport(module, "GetDpiForWindow", &FakeDpi);
+    tools::PatchImport(module, "GetTickCount64", &FakeClock);
+    tools::PatchImport(module, "ReadFile", &FakeRead);
+}
+
+}  // namespace rl::test

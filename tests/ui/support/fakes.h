@@ -1,0 +1,51 @@
+// Stand-ins for what would block a test or leave the process: message boxes, menus, sounds, links,
+// dialogs, the clock and the dots per inch.
+//
+// They replace the module's imports, so the module itself needs no test code. One set for the
+// process; every host begins with a fresh one.
+#pragma once
+
+#include <windows.h>
+
+#include <atomic>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace rl::test {
+
+struct ShownBox {
+    std::wstring text;
+    std::wstring caption;
+    UINT type = 0;
+    HWND owner = nullptr;
+};
+
+struct ShownMenu {
+    std::vector<std::wstring> items;  // labels in order; empty for a separator
+    POINT at{};
+};
+
+struct Fakes {
+    std::vector<UINT> beeps;
+    std::vector<ShownBox> boxes;
+    int boxAnswer = IDOK;
+    std::function<void()> whileBoxIsOpen;  // runs inside the box, as the user might act elsewhere
+    std::vector<ShownMenu> menus;
+    int menuAnswer = 0;  // the command chosen; 0 for none
+    std::vector<std::wstring> links;
+    std::vector<HCURSOR> cursors;   // every SetCursor
+    UINT dpi = 0;                   // 0: the system's own answer
+    ULONGLONG clockOffset = 0;      // added to GetTickCount64, milliseconds
+    std::atomic<int> readDelay{0};  // before each ReadFile, milliseconds
+    std::atomic<int> reads{0};      // how often ReadFile was called
+};
+
+/// The set in use.
+[[nodiscard]] Fakes& TheFakes();
+
+/// Starts a fresh set and puts the stand-ins into the module's imports. A function the module does
+/// not import is passed over.
+void InstallFakes(HMODULE module);
+
+}  // namespace rl::test
