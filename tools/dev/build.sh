@@ -1,12 +1,17 @@
 # Configure once, then build only what changed.
 
+# build_preset PRESET [TARGET...]: all targets when none is named.
 build_preset() {
   local preset=$1
+  shift
+  local targets=()
+  [ $# -gt 0 ] && targets=(--target "$@")
+  mkdir -p build
   [ -e "build/$preset/build.ninja" ] || cmake --preset "$preset" >"build/$preset.log" 2>&1 || {
     cat "build/$preset.log" >&2
     return 1
   }
-  cmake --build "build/$preset"
+  cmake --build "build/$preset" "${targets[@]}"
 }
 
 cmd_build() {

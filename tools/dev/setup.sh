@@ -1,11 +1,16 @@
 # Packages and the Wine prefix: everything a fresh machine lacks.
 
-readonly packages=(
-  ccache cmake ninja-build g++ git python3
-  g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth x11-utils imagemagick
-  googletest libbenchmark-dev
-  clang-16 libclang-rt-16-dev clang-tidy-16 clang-format-16
+# What it takes to build the module and open a file in it.
+readonly view_packages=(
+  ccache cmake ninja-build g++ git
+  g++-mingw-w64-x86-64-posix googletest wine wine64 xvfb xauth x11-utils
   fonts-liberation fonts-dejavu-core fonts-open-sans fonts-inconsolata
+)
+# What it takes to work on it: tests, fuzzers, lint and benchmarks besides.
+readonly packages=(
+  "${view_packages[@]}"
+  python3 imagemagick libbenchmark-dev
+  clang-16 libclang-rt-16-dev clang-tidy-16 clang-format-16
   rapidjson-dev librapidxml-dev libfccp-dev libcsv-dev libexpat1-dev
 )
 
@@ -13,10 +18,12 @@ as_root() {
   if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
 }
 
+# Installs those of the packages that are missing; all of ours without arguments.
 install_packages() {
+  [ $# -gt 0 ] || set -- "${packages[@]}"
   local missing=()
   local package
-  for package in "${packages[@]}"; do
+  for package in "$@"; do
     dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
       missing+=("$package")
   done
@@ -27,24 +34,23 @@ install_packages() {
     "${missing[@]}" >/dev/null
 }
 
-# One server and its services for the whole session: starting them costs more than most tests.
-# Every stream is closed, because they inherit open pipes: whoever waits for the end of such a pipe,
-# CTest among them, would wait as long as they live.
-start_wine_server() {
-  wineserver -p900 </dev/null >/dev/null 2>&1 3>&- || true
-  wine cmd /c exit </dev/null >/dev/null 2>&1 3>&-
+# Runs a Wine command that must end by itself. Its services inherit every open stream and outlive
+# it; whoever waits for the end of such a pipe, CTest among them, would wait as long as they live.
+quiet_wine() {
+  timeout 120 "$@" </dev/null >/dev/null 2>&1 3>&-
 }
 
+# The mark holds the settings that the prefix was made with: when they change, they are read again.
 make_wine_prefix() {
+  local mark=build/wine/rowlark-ready
+  cmp -s tools/dev/prefix.reg "$mark" && return 0
   mkdir -p build
-  if [ ! -e build/wine/rowlark-ready ]; then
-    echo "setup: making the Wine prefix in build/wine"
-    # Neither Mono nor Gecko: they ask to be downloaded and nothing here needs them.
-    WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY='' wineboot -u </dev/null >/dev/null 2>&1
-    DISPLAY='' wine regedit "$(winepath -w tools/dev/fonts.reg)" </dev/null >/dev/null 2>&1
-    wineserver -w
-    touch build/wine/rowlark-ready
-  fi
+  echo "setup: making the Wine prefix in build/wine"
+  # Neither Mono nor Gecko: they ask to be downloaded and nothing here needs them.
+  DISPLAY='' WINEDLLOVERRIDES="mscoree,mshtml=" quiet_wine wineboot -u || true
+  DISPLAY='' quiet_wine wine regedit tools/dev/prefix.reg
+  quiet_wine wineserver -w
+  cp tools/dev/prefix.reg "$mark"
 }
 
 cmd_setup() {
