@@ -59,7 +59,6 @@ void Grid::SetFonts(HFONT normal, HFONT bold, int dpi) {
 
 void Grid::SetColors(const ThemeColors& colors) {
     colors_ = colors;
-    SetWindowTheme(window_, colors.dark ? L"DarkMode_Explorer" : L"Explorer", nullptr);
     Ask(window_, LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(colors.text));
     Ask(window_, LVM_SETBKCOLOR, 0, static_cast<LPARAM>(colors.back));
     Ask(window_, LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(colors.back));
