@@ -52,9 +52,7 @@ public:
     virtual void OnFontStep(int /*direction*/) {}
     /// A message of the list view window before anything else sees it (keys, characters, mouse);
     /// an answer keeps it from the list view.
-    virtual Answer OnGridMessage(UINT /*id*/, WPARAM /*wparam*/, LPARAM /*lparam*/) {
-        return std::nullopt;
-    }
+    virtual Answer OnGridMessage(const Message& /*in*/) { return std::nullopt; }
     /// A click is about to make a cell current; true keeps it from doing so.
     virtual bool OnCellPressed(GridClick /*click*/, GridCell /*cell*/) { return false; }
     /// A click has made a cell current.

@@ -52,7 +52,7 @@ Answer Grid::OnMessage(HWND window, const Message& in) {
         }
         default: break;
     }
-    if (const Answer used = listener_->OnGridMessage(in.id, in.wparam, in.lparam)) {
+    if (const Answer used = listener_->OnGridMessage(in)) {
         return used;
     }
     if (!MovesColumns(in.id)) {
@@ -67,7 +67,7 @@ Answer Grid::OnKeyDown(const Message& in) {
     // The character of a used key is on its way already. Set before the call, for nothing of ours
     // may be touched after a key that ended the owner.
     swallowChar_ = true;
-    if (const Answer used = listener_->OnGridMessage(in.id, in.wparam, in.lparam)) {
+    if (const Answer used = listener_->OnGridMessage(in)) {
         return used;
     }
     swallowChar_ = false;

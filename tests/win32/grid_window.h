@@ -97,8 +97,8 @@ public:
     void OnCurrentCellChanged() override { ++cellChanges; }
     void OnColumnsMoved() override { ++columnMoves; }
     void OnFontStep(int direction) override { fontSteps += direction; }
-    Answer OnGridMessage(UINT id, WPARAM wparam, LPARAM lparam) override {
-        return onMessage ? onMessage({id, wparam, lparam}) : std::nullopt;
+    Answer OnGridMessage(const Message& in) override {
+        return onMessage ? onMessage(in) : std::nullopt;
     }
     bool OnCellPressed(GridClick, GridCell cell) override {
         pressed = cell;
