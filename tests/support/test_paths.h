@@ -9,7 +9,9 @@
 namespace rl::test {
 
 /// The root of the source tree.
-[[nodiscard]] inline std::filesystem::path SourceRoot() { return ROWLARK_SOURCE_DIR; }
+[[nodiscard]] inline std::filesystem::path SourceRoot() {
+    return ROWLARK_SOURCE_DIR;
+}
 
 /// The folder of real documents beside the project; may not exist.
 [[nodiscard]] inline std::filesystem::path CorpusRoot() {
@@ -17,6 +19,8 @@ namespace rl::test {
 }
 
 /// Whether the folder of real documents is on this machine.
-[[nodiscard]] inline bool HasCorpus() { return std::filesystem::is_directory(CorpusRoot()); }
+[[nodiscard]] inline bool HasCorpus() {
+    return std::filesystem::is_directory(CorpusRoot());
+}
 
 }  // namespace rl::test
