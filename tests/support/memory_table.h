@@ -28,6 +28,13 @@ public:
         return MemoryTable(std::move(rows));
     }
 
+    /// A table of one row.
+    static MemoryTable Row(std::vector<std::wstring> cells) {
+        Rows rows;
+        rows.push_back(std::move(cells));
+        return MemoryTable(std::move(rows));
+    }
+
     [[nodiscard]] int32_t RowCount() const override { return static_cast<int32_t>(rows_.size()); }
 
     [[nodiscard]] int32_t ColumnCount() const override {

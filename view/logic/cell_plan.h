@@ -31,9 +31,9 @@ struct CellColors {
 
 /// All that a plan depends on. The text must outlive the plan.
 struct CellInput {
-    Rect rect;  // the subitem's bounds; for column 0 with the column's width
-    std::wstring_view text;
-    CellState state;
+    Rect rect = {};  // the subitem's bounds; for column 0 with the column's width
+    std::wstring_view text = {};
+    CellState state = {};
     int dpi = kBaseDpi;
     bool lineNumber = false;     // the cell is one of the line-number column
     bool decimalAlign = false;   // the setting

@@ -12,7 +12,7 @@
 namespace rl {
 
 struct FindRequest {
-    std::wstring_view text;
+    std::wstring_view text = {};
     bool first = false;  // the host asks for a first search
     bool matchCase = false;
     bool wholeWords = false;

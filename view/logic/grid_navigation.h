@@ -19,11 +19,11 @@ struct GridPosition {
 
 /// What the grid looks like when an arrow key is pressed; rows are view rows, -1: none.
 struct NavigationState {
-    GridPosition current;
+    GridPosition current = {};
     int32_t focusedRow = -1;  // the list view's own
     int32_t firstSelectedRow = -1;
     int32_t visibleRows = 0;
-    std::span<const int> columnWidths;  // by grid column
+    std::span<const int> columnWidths = {};  // by grid column
 };
 
 /// The cell to make current; nothing when the key is no arrow, or there is no cell to go to.

@@ -68,7 +68,7 @@ TEST(MeasureColumns, TakesTheWidestSampleAndTheRoomAroundIt) {
 
     EXPECT_EQ(MetricsOf(table, {.decimalAlign = false}).widths, (Widths{104, 104}))
         << "\"Column 1\" is wider than the cells";
-    const MemoryTable wide({{L"aaaaaaaaaaaa", L"x"}});
+    const MemoryTable wide = MemoryTable::Row({L"aaaaaaaaaaaa", L"x"});
     EXPECT_EQ(MetricsOf(wide).widths, (Widths{144, 104}));
 }
 
@@ -81,16 +81,16 @@ TEST(MeasureColumns, IsAtLeastAsWideAsTheHeader) {
 TEST(MeasureColumns, CapsAColumnUnlessItIsAlone) {
     const std::wstring huge(2000, L'x');
 
-    EXPECT_EQ(MetricsOf(MemoryTable({{huge, L"y"}})).widths[0], 300);
-    EXPECT_EQ(MetricsOf(MemoryTable({{huge, L"y"}}), {.dpi = 144}).widths[0], 450);
-    EXPECT_EQ(MetricsOf(MemoryTable({{huge}})).widths[0], 20024);
-    EXPECT_EQ(MetricsOf(MemoryTable({{huge}}), {}, true).widths[1], 300)
+    EXPECT_EQ(MetricsOf(MemoryTable::Row({huge, L"y"})).widths[0], 300);
+    EXPECT_EQ(MetricsOf(MemoryTable::Row({huge, L"y"}), {.dpi = 144}).widths[0], 450);
+    EXPECT_EQ(MetricsOf(MemoryTable::Row({huge})).widths[0], 20024);
+    EXPECT_EQ(MetricsOf(MemoryTable::Row({huge}), {}, true).widths[1], 300)
         << "the line-number column counts as a column";
-    EXPECT_EQ(MetricsOf(MemoryTable({{huge, L"y"}}), {.maxColumnWidth = 0}).widths[0], 20024);
+    EXPECT_EQ(MetricsOf(MemoryTable::Row({huge, L"y"}), {.maxColumnWidth = 0}).widths[0], 20024);
 }
 
 TEST(MeasureColumns, CapsBelowTheNarrowestWidthWhenAskedTo) {
-    EXPECT_EQ(MetricsOf(MemoryTable({{L"a", L"b"}}), {.maxColumnWidth = 10}).widths,
+    EXPECT_EQ(MetricsOf(MemoryTable::Row({L"a", L"b"}), {.maxColumnWidth = 10}).widths,
               (Widths{10, 10}));
 }
 
@@ -102,14 +102,14 @@ TEST(MeasureColumns, MakesTheLineNumberColumnAsWideAsTheLastNumber) {
 }
 
 TEST(MeasureColumns, ScalesTheRoomAroundTheText) {
-    const MemoryTable table({{L"aaaaaaaaaaaa", L"x"}});
+    const MemoryTable table = MemoryTable::Row({L"aaaaaaaaaaaa", L"x"});
 
     EXPECT_EQ(MetricsOf(table, {.dpi = 192}).widths[0], 168);
     EXPECT_EQ(MetricsOf(table, {.dpi = 192}, true).widths[0], 34);
 }
 
 TEST(MeasureColumns, GivesAHiddenColumnNoWidthAndDoesNotLookAtIt) {
-    const MemoryTable table({{L"a", L"b"}});
+    const MemoryTable table = MemoryTable::Row({L"a", L"b"});
     const RowView rows(table, false);
     GridColumns columns(2, true);
     columns.Hide(0);
@@ -150,18 +150,18 @@ TEST(MeasureColumns, FindsTheWidestIntegerPartOfEachColumn) {
 }
 
 TEST(MeasureColumns, MeasuresAWholeNumberWithoutTheBlanksAroundIt) {
-    EXPECT_EQ(MetricsOf(MemoryTable({{L"  -1234  "}})).integerWidths[0], 50);
+    EXPECT_EQ(MetricsOf(MemoryTable::Row({L"  -1234  "})).integerWidths[0], 50);
 }
 
 TEST(MeasureColumns, NumbersItsNumberLayoutByGridColumn) {
-    const ColumnMetrics metrics = MetricsOf(MemoryTable({{L"1.5", L"x"}}), {}, true);
+    const ColumnMetrics metrics = MetricsOf(MemoryTable::Row({L"1.5", L"x"}), {}, true);
 
     EXPECT_EQ(metrics.isNumeric, (std::vector<bool>{false, true, false}));
     EXPECT_EQ(metrics.integerWidths, (Widths{0, 10, 0}));
 }
 
 TEST(MeasureColumns, AlignsNothingWhenDecimalsAreNotAligned) {
-    const ColumnMetrics metrics = MetricsOf(MemoryTable({{L"1.5"}}), {.decimalAlign = false});
+    const ColumnMetrics metrics = MetricsOf(MemoryTable::Row({L"1.5"}), {.decimalAlign = false});
 
     EXPECT_EQ(metrics.isNumeric, (std::vector<bool>{false}));
 }
@@ -183,7 +183,7 @@ TEST(MeasureColumns, SizesAnOutlineByDepthSummaryAndTheGridsWidth) {
 
 TEST(MeasureColumns, CapsTheColumnsOfAnOutline) {
     const std::wstring wide(500, L'x');
-    const MemoryTable table({{wide, wide}});
+    const MemoryTable table = MemoryTable::Row({wide, wide});
     const RowView rows(table, false);
     const auto nameOf = [](int32_t) { return OutlineName{3, L""}; };
     Ruler ruler;

@@ -47,7 +47,8 @@ TEST(FindInCell, FindsNoEmptyText) {
 
 class Cells final : public ICellSource {
 public:
-    explicit Cells(std::vector<std::vector<std::wstring>> rows) : rows_(std::move(rows)) {}
+    using Rows = std::vector<std::vector<std::wstring>>;
+    explicit Cells(Rows rows) : rows_(std::move(rows)) {}
     int32_t RowCount() const override { return static_cast<int32_t>(rows_.size()); }
     int32_t ColumnCount() const override {
         return rows_.empty() ? 0 : static_cast<int32_t>(rows_[0].size());
@@ -115,17 +116,17 @@ TEST(CellFinder, MatchesCaseWhenAsked) {
 TEST(CellFinder, FindsNothingWithoutABeepWhereThereIsNothing) {
     CellFinder finder;
     EXPECT_EQ(finder.Find(kCells, {.text = L""}), kNothing);
-    EXPECT_EQ(finder.Find(Cells({}), {.text = L"a"}), kNothing);
-    EXPECT_EQ(finder.Find(Cells({{}}), {.text = L"a"}), kNothing);
+    EXPECT_EQ(finder.Find(Cells(Cells::Rows{}), {.text = L"a"}), kNothing);
+    EXPECT_EQ(finder.Find(Cells(Cells::Rows(1)), {.text = L"a"}), kNothing);
 }
 
 TEST(CellFinder, KeepsItsPlaceWhenTheTableShrinks) {
     CellFinder finder;
     EXPECT_EQ(finder.Find(kCells, {.text = L"c"}), HitAt(2, 0));
-    const Cells fewer({{L"c", L"c"}});
+    const Cells fewer(Cells::Rows(1, {L"c", L"c"}));
     EXPECT_EQ(finder.Find(fewer, {.text = L"c"}), kAtEnd);
     EXPECT_EQ(finder.Find(fewer, {.text = L"c", .backwards = true}), HitAt(0, 1));
-    const Cells narrow({{L"c"}});
+    const Cells narrow(Cells::Rows(1, {L"c"}));
     EXPECT_EQ(finder.Find(narrow, {.text = L"c", .backwards = true}), HitAt(0, 0));
 }
 

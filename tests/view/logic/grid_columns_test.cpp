@@ -23,7 +23,7 @@ TEST(DataColumnName, IsANumberFromOneForAnEmptyHeaderCell) {
 }
 
 TEST(DataColumnName, IsANumberWithoutAHeaderRow) {
-    const MemoryTable table({{L"City"}});
+    const MemoryTable table = MemoryTable::Row({L"City"});
 
     EXPECT_EQ(DataColumnName(table, false, 0), L"Column 1");
     EXPECT_EQ(DataColumnName(MemoryTable(), true, 0), L"Column 1");
