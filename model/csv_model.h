@@ -8,16 +8,20 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "load/text/text_encoding.h"
 #include "model/csv_options.h"
 #include "model/table_model.h"
 
 namespace rl {
+
+namespace detail {
+struct CsvModelState;
+}
 
 class CsvModel final : public ITableModel {
 public:
@@ -27,16 +31,28 @@ public:
     ~CsvModel() override;
 
     /// Builds the table anew; edits are forgotten. False when a quoted field is still open at the
-    /// end of the text (the records are built all the same).
-    [[nodiscard]] bool Parse(std::wstring text, const CsvOptions& options);
+    /// end of the text (the records are built all the same). `abandoned`, when given, is asked
+    /// every few million units; once it answers true the parse stops there and answers false, and
+    /// what stands in the model is then good for nothing but being parsed anew or destroyed.
+    [[nodiscard]] bool Parse(std::wstring text, const CsvOptions& options,
+                             const std::function<bool()>& abandoned = {});
 
     [[nodiscard]] int32_t RowCount() const override;
     [[nodiscard]] int32_t ColumnCount() const override;
     [[nodiscard]] std::wstring CellText(int32_t row, int32_t column) const override;
     [[nodiscard]] bool IsCommentRow(int32_t row) const override;
     [[nodiscard]] bool IsCellEditable(int32_t row, int32_t column) const override;
+    void ReadCell(int32_t row, int32_t column, std::wstring& out) const override;
 
-    /// Stores an edit; ignored outside the table.
+    /// The cell without a copy where the text holds it as it is shown; otherwise it is put into
+    /// `scratch`. Valid until the model or `scratch` changes.
+    [[nodiscard]] std::wstring_view CellView(int32_t row, int32_t column,
+                                             std::wstring& scratch) const;
+    /// The record behind a row as it stands in the text, without its line break; empty for an
+    /// inserted row and outside the table. For finding a row again in the source.
+    [[nodiscard]] std::wstring_view RawRow(int32_t row) const;
+
+    /// Stores an edit; ignored outside the table and where `IsCellEditable` says no.
     void SetCellText(int32_t row, int32_t column, std::wstring_view text);
     /// Puts a row of empty cells below `row`; false outside the table.
     bool InsertRowBelow(int32_t row);
@@ -59,8 +75,7 @@ public:
     TextEncoding encoding;  // found when decoding; used again to save
 
 private:
-    struct Impl;
-    std::unique_ptr<Impl> impl_;
+    std::unique_ptr<detail::CsvModelState> state_;
 };
 
 }  // namespace rl

@@ -32,6 +32,12 @@ public:
     /// Whether edit mode may open an editor on this cell.
     [[nodiscard]] virtual bool IsCellEditable(int32_t row, int32_t column) const = 0;
 
+    /// The same text as `CellText`, put into `out`, whose room is used again: for callers that look
+    /// at every row, to whom an allocation for each cell would cost more than the work itself.
+    virtual void ReadCell(int32_t row, int32_t column, std::wstring& out) const {
+        out = CellText(row, column);
+    }
+
 protected:
     ITableModel() = default;
     ITableModel(const ITableModel&) = default;
