@@ -1,0 +1,117 @@
+#include "load/document_loaders.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "tests/support/temp_folder.h"
+
+namespace rl {
+namespace {
+
+class LoadCsvTest : public testing::Test {
+protected:
+    /// Loads a file with these bytes; what went wrong is in `error`.
+    std::unique_ptr<CsvModel> Load(std::string_view bytes, const CsvOptions& options = {},
+                                   const EncodingRequest& request = {}) {
+        return LoadCsv(folder.Write(L"a.csv", bytes), 0, options, request, error);
+    }
+
+    test::TempFolder folder;
+    std::wstring error = L"left over";
+};
+
+TEST_F(LoadCsvTest, ReadsDecodesAndParses) {
+    const auto model = Load("name,city\nZo\xC3\xAB,K\xC3\xB6ln\n");
+
+    ASSERT_NE(model, nullptr);
+    EXPECT_EQ(error, L"");
+    EXPECT_EQ(model->RowCount(), 2);
+    EXPECT_EQ(model->ColumnCount(), 2);
+    EXPECT_EQ(model->CellText(1, 1), L"K\x00F6ln");
+    EXPECT_EQ(model->encoding, (TextEncoding{.name = L"UTF-8"}));
+}
+
+TEST_F(LoadCsvTest, KeepsTheEncodingItFound) {
+    const auto model =
+        Load(std::string_view("\xFF\xFE"
+                              "a\0,\0b\0",
+                              8));
+
+    ASSERT_NE(model, nullptr);
+    EXPECT_EQ(model->encoding, (TextEncoding{.name = L"UTF-16LE", .hasBom = true}));
+    EXPECT_EQ(model->CellText(0, 1), L"b");
+}
+
+TEST_F(LoadCsvTest, DecodesAsTheRequestSays) {
+    const auto model = Load("\xE8", {}, {.ansiCodePage = 1250});
+
+    ASSERT_NE(model, nullptr);
+    EXPECT_EQ(model->CellText(0, 0), L"\x010D");
+    EXPECT_EQ(model->encoding, (TextEncoding{.name = L"ANSI", .codePage = 1250}));
+}
+
+TEST_F(LoadCsvTest, IgnoresAnXmlDeclaration) {
+    const auto model = Load("<?xml version=\"1.0\" encoding=\"windows-1251\"?>\n\xE8");
+
+    ASSERT_NE(model, nullptr);
+    EXPECT_EQ(model->CellText(1, 0), L"\x00E8");
+}
+
+TEST_F(LoadCsvTest, ParsesWithTheGivenOptions) {
+    const auto model = Load("a|'b|c'", {.delimiter = L'|', .quoteChar = L'\''});
+
+    ASSERT_NE(model, nullptr);
+    EXPECT_EQ(model->ColumnCount(), 2);
+    EXPECT_EQ(model->CellText(0, 1), L"b|c");
+}
+
+TEST_F(LoadCsvTest, OpensAnEmptyFile) {
+    const auto model = Load("");
+
+    ASSERT_NE(model, nullptr);
+    EXPECT_EQ(model->RowCount(), 0);
+}
+
+TEST_F(LoadCsvTest, RefusesAnOpenQuote) {
+    EXPECT_EQ(Load("a,\"b\n"), nullptr);
+    EXPECT_EQ(error, L"The file could not be parsed (unbalanced quotes).");
+}
+
+TEST_F(LoadCsvTest, PassesOnWhatTheReaderSays) {
+    EXPECT_EQ(LoadCsv(folder.PathOf(L"none.csv"), 0, {}, {}, error), nullptr);
+    EXPECT_EQ(error, L"The file could not be opened.");
+}
+
+TEST_F(LoadCsvTest, HoldsTheLimit) {
+    EXPECT_NE(LoadCsv(folder.Write(L"a.csv", "1234"), 4, {}, {}, error), nullptr);
+    EXPECT_EQ(LoadCsv(folder.Write(L"a.csv", "12345"), 4, {}, {}, error), nullptr);
+    EXPECT_TRUE(error.starts_with(
+        L"The file could not be loaded because it exceeds the configured size limit.\r\n"));
+}
+
+TEST_F(LoadCsvTest, EndsWithoutASentenceWhenAbandonedAtAnyMoment) {
+    std::string bytes;
+    for (int row = 0; row < 1'000'000; ++row) {
+        bytes += "1234567,abcdef,\"x\"\n";
+    }
+    const std::wstring path = folder.Write(L"a.csv", bytes);
+    int questions = 0;
+    const auto complete = LoadCsv(path, 0, {}, {}, error, [&] {
+        ++questions;
+        return false;
+    });
+    ASSERT_NE(complete, nullptr);
+    EXPECT_GE(questions, 5) << "19 MB are five steps of reading alone";
+
+    for (int end = 1; end <= questions; ++end) {
+        SCOPED_TRACE(end);
+        int asked = 0;
+        EXPECT_EQ(LoadCsv(path, 0, {}, {}, error, [&] { return ++asked >= end; }), nullptr);
+        EXPECT_EQ(error, L"");
+    }
+}
+
+}  // namespace
+}  // namespace rl
