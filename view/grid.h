@@ -165,6 +165,7 @@ private:
     Answer OnHeaderDraw(NMCUSTOMDRAW& draw);
     Answer OnHeaderRightClick();
     Answer OnCellDraw(NMLVCUSTOMDRAW& draw);
+    void FillAboveRows(HDC dc) const;
     LRESULT OnRowDraw(NMLVCUSTOMDRAW& draw);
     LRESULT OnSubitemDraw(NMLVCUSTOMDRAW& draw);
     Answer OnCellText(NMLVDISPINFOW& note);

@@ -21,10 +21,24 @@ void UseColors(NMLVCUSTOMDRAW& draw, const CellColors& colors) {
 
 Answer Grid::OnCellDraw(NMLVCUSTOMDRAW& draw) {
     switch (draw.nmcd.dwDrawStage) {
-        case CDDS_PREPAINT: return CDRF_NOTIFYITEMDRAW;
+        case CDDS_PREPAINT: FillAboveRows(draw.nmcd.hdc); return CDRF_NOTIFYITEMDRAW;
         case CDDS_ITEMPREPAINT: return OnRowDraw(draw);
         case CDDS_ITEMPREPAINT | CDDS_SUBITEM: return OnSubitemDraw(draw);
         default: return CDRF_DODEFAULT;
+    }
+}
+
+// Some list views leave a gap of two pixels between header and rows and paint nothing there.
+void Grid::FillAboveRows(HDC dc) const {
+    RECT row{};
+    row.left = LVIR_BOUNDS;
+    const LRESULT top = SendMessageW(window_, LVM_GETTOPINDEX, 0, 0);
+    const int headerBottom = ClientRect(header_).height;
+    if (SendMessageW(window_, LVM_GETITEMRECT, static_cast<WPARAM>(top),
+                     reinterpret_cast<LPARAM>(&row)) != 0 &&
+        row.top > headerBottom) {
+        FillSolid(dc, {0, headerBottom, ClientRect(window_).width, row.top - headerBottom},
+                  colors_.headerBack);
     }
 }
 

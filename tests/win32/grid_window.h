@@ -73,9 +73,8 @@ public:
         record.lpfnWndProc = &Procedure;
         record.lpszClassName = L"RowlarkGridTest";
         RegisterClassW(&record);  // refused from the second time on
-        frame = CreateWindowExW(0, record.lpszClassName, L"", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN,
-                                20, 20, options.width, options.height, nullptr, nullptr, nullptr,
-                                nullptr);
+        frame = CreateWindowExW(0, record.lpszClassName, L"", WS_POPUP | WS_CLIPCHILDREN, 20, 20,
+                                options.width, options.height, nullptr, nullptr, nullptr, nullptr);
         SetWindowLongPtrW(frame, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
         created = grid.Create(frame, options.gridLines, *this);
         fonts = MakeViewerFonts({.points = 11}, options.dpi);
@@ -84,6 +83,8 @@ public:
         MoveWindow(grid.Window(), 0, 0, options.width, options.height, FALSE);
         grid.ShowTable(&view, options.style);
         ShowWindow(grid.Window(), SW_SHOW);
+        // Not activated: without a window manager Wine would wait two seconds for the window's end.
+        ShowWindow(frame, SW_SHOWNOACTIVATE);
         Paint();
         Reset();
     }
@@ -91,6 +92,8 @@ public:
     GridWindow& operator=(const GridWindow&) = delete;
     ~GridWindow() {
         SetWindowLongPtrW(frame, GWLP_USERDATA, 0);
+        SetWindowPos(frame, nullptr, 0, 0, 0, 0,
+                     SWP_HIDEWINDOW | SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER);
         DestroyWindow(frame);
     }
 
