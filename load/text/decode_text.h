@@ -1,4 +1,5 @@
-// Bytes to text: marks, UTF-16 without a mark, UTF-8, and the ANSI code page when nothing else fits.
+// Bytes to text: marks, UTF-16 without a mark, UTF-8, and the ANSI code page when nothing else
+// fits.
 //
 // Safe on any thread; keeps no state.
 #pragma once

@@ -10,9 +10,9 @@
 
 namespace rl {
 
-/// Encodes a whole document, its byte-order mark included when it had one. `bytes` is emptied first.
-/// False when the code page cannot hold the text exactly, or for a label other than the four known
-/// ones; `bytes` is empty then. Labels are compared without regard to case.
+/// Encodes a whole document, its byte-order mark included when it had one. `bytes` is emptied
+/// first. False when the code page cannot hold the text exactly, or for a label other than the four
+/// known ones; `bytes` is empty then. Labels are compared without regard to case.
 [[nodiscard]] bool EncodeText(std::wstring_view text, const TextEncoding& encoding,
                               std::string& bytes);
 

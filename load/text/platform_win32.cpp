@@ -1,20 +1,37 @@
-// The seam as it ships: code pages, case folding and collation of the running Windows.
-#include "load/text/platform.h"
-
+// The seam as it ships: code pages, case folding and collation as Windows does them.
+//
+// Every call here takes lengths as int; longer texts are refused rather than cut. Safe on any
+// thread.
 #include <windows.h>
 
 #include <algorithm>
-#include <climits>
+#include <limits>
+
+#include "load/text/platform.h"
 
 namespace rl::platform {
+
 namespace {
 
 constexpr DWORD kCollation = NORM_IGNORECASE | NORM_IGNOREWIDTH | SORT_DIGITSASNUMBERS;
 
-// Pages that reject both the flag against best fits and the question for the default character.
-bool ConvertsUnchecked(uint32_t codePage) {
+/// The length as the system takes it; nothing when it cannot.
+std::optional<int> SystemLength(size_t size) {
+    if (size > static_cast<size_t>(std::numeric_limits<int>::max())) {
+        return std::nullopt;
+    }
+    return static_cast<int>(size);
+}
+
+/// Pages that refuse both the flag against best fits and the question for the default character.
+constexpr bool ConvertsWithoutCheck(UINT codePage) {
     return codePage == 52936 || codePage == 54936 || codePage == CP_UTF7 || codePage == CP_UTF8 ||
            (codePage >= 50220 && codePage <= 50229) || (codePage >= 57002 && codePage <= 57011);
+}
+
+int CompareOrdinal(std::wstring_view left, std::wstring_view right) {
+    const int order = left.compare(right);
+    return order < 0 ? -1 : order > 0 ? 1 : 0;
 }
 
 }  // namespace
@@ -23,18 +40,15 @@ std::optional<std::wstring> DecodeCodePage(std::string_view bytes, uint32_t code
     if (bytes.empty()) {
         return std::wstring();
     }
-    if (bytes.size() > INT_MAX) {
-        return std::nullopt;
-    }
-    const int size = static_cast<int>(bytes.size());
-    const int units = MultiByteToWideChar(codePage, 0, bytes.data(), size, nullptr, 0);
+    const std::optional<int> length = SystemLength(bytes.size());
+    const int units =
+        length ? MultiByteToWideChar(codePage, 0, bytes.data(), *length, nullptr, 0) : 0;
     if (units <= 0) {
         return std::nullopt;
     }
     std::wstring text;
-    text.resize_and_overwrite(static_cast<size_t>(units), [&](wchar_t* out, size_t count) {
-        const int written =
-            MultiByteToWideChar(codePage, 0, bytes.data(), size, out, static_cast<int>(count));
+    text.resize_and_overwrite(static_cast<size_t>(units), [&](wchar_t* out, size_t) {
+        const int written = MultiByteToWideChar(codePage, 0, bytes.data(), *length, out, units);
         return static_cast<size_t>(std::max(written, 0));
     });
     return text;
@@ -44,26 +58,26 @@ std::optional<std::string> EncodeCodePage(std::wstring_view text, uint32_t codeP
     if (text.empty()) {
         return std::string();
     }
-    if (text.size() > INT_MAX) {
-        return std::nullopt;
-    }
-    const bool checked = !ConvertsUnchecked(codePage == CP_ACP ? GetACP() : codePage);
+    // The system's own page may be UTF-8, which must be asked as such.
+    const UINT page = codePage == CP_ACP ? GetACP() : codePage;
+    const bool checked = !ConvertsWithoutCheck(page);
     const DWORD flags = checked ? WC_NO_BEST_FIT_CHARS : 0;
-    BOOL replaced = FALSE;
-    BOOL* const asksReplaced = checked ? &replaced : nullptr;
-    const int units = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(codePage, flags, text.data(), units, nullptr, 0, nullptr,
-                                         asksReplaced);
-    if (size <= 0 || replaced) {
+    BOOL usedDefault = FALSE;
+    BOOL* const ask = checked ? &usedDefault : nullptr;
+    const std::optional<int> length = SystemLength(text.size());
+    const int size =
+        length ? WideCharToMultiByte(page, flags, text.data(), *length, nullptr, 0, nullptr, ask)
+               : 0;
+    if (size <= 0 || usedDefault) {
         return std::nullopt;
     }
     std::string bytes;
-    bytes.resize_and_overwrite(static_cast<size_t>(size), [&](char* out, size_t count) {
-        const int written = WideCharToMultiByte(codePage, flags, text.data(), units, out,
-                                                static_cast<int>(count), nullptr, asksReplaced);
+    bytes.resize_and_overwrite(static_cast<size_t>(size), [&](char* out, size_t) {
+        const int written =
+            WideCharToMultiByte(page, flags, text.data(), *length, out, size, nullptr, ask);
         return static_cast<size_t>(std::max(written, 0));
     });
-    if (replaced) {
+    if (bytes.empty() || usedDefault) {
         return std::nullopt;
     }
     return bytes;
@@ -71,42 +85,41 @@ std::optional<std::string> EncodeCodePage(std::wstring_view text, uint32_t codeP
 
 void FoldCase(std::span<wchar_t> text) {
     while (!text.empty()) {
-        const size_t count = std::min<size_t>(text.size(), INT_MAX);
-        CharLowerBuffW(text.data(), static_cast<DWORD>(count));
-        text = text.subspan(count);
+        const size_t part = std::min<size_t>(text.size(), std::numeric_limits<int>::max());
+        CharLowerBuffW(text.data(), static_cast<DWORD>(part));
+        text = text.subspan(part);
     }
 }
 
 int Collate(std::wstring_view left, std::wstring_view right) {
-    if (left.size() <= INT_MAX && right.size() <= INT_MAX) {
-        const int order = CompareStringEx(
-            LOCALE_NAME_USER_DEFAULT, kCollation, left.data(), static_cast<int>(left.size()),
-            right.data(), static_cast<int>(right.size()), nullptr, nullptr, 0);
-        if (order != 0) {
-            return order - CSTR_EQUAL;
-        }
+    const std::optional<int> leftLength = SystemLength(left.size());
+    const std::optional<int> rightLength = SystemLength(right.size());
+    if (!leftLength || !rightLength) {
+        return CompareOrdinal(left, right);
     }
-    return left.compare(right);
+    const int order = CompareStringEx(LOCALE_NAME_USER_DEFAULT, kCollation, left.data(),
+                                      *leftLength, right.data(), *rightLength, nullptr, nullptr, 0);
+    return order == 0 ? CompareOrdinal(left, right) : order - CSTR_EQUAL;
 }
 
 std::string CollationKey(std::wstring_view text) {
-    if (text.empty() || text.size() > INT_MAX) {
-        return {};
-    }
-    const int units = static_cast<int>(text.size());
-    const DWORD flags = LCMAP_SORTKEY | kCollation;
-    const int size = LCMapStringEx(LOCALE_NAME_USER_DEFAULT, flags, text.data(), units, nullptr, 0,
-                                   nullptr, nullptr, 0);
+    const std::optional<int> length = SystemLength(text.size());
+    constexpr DWORD kFlags = LCMAP_SORTKEY | kCollation;
+    const int size = length && !text.empty()
+                         ? LCMapStringEx(LOCALE_NAME_USER_DEFAULT, kFlags, text.data(), *length,
+                                         nullptr, 0, nullptr, nullptr, 0)
+                         : 0;
     std::string key;
-    if (size > 0) {
-        key.resize_and_overwrite(static_cast<size_t>(size), [&](char* out, size_t count) {
-            // A sort key is bytes, though the call takes a pointer to characters.
-            const int written = LCMapStringEx(LOCALE_NAME_USER_DEFAULT, flags, text.data(), units,
-                                              reinterpret_cast<wchar_t*>(out),
-                                              static_cast<int>(count), nullptr, nullptr, 0);
-            return static_cast<size_t>(std::max(written, 0));
-        });
+    if (size <= 0) {
+        return key;
     }
+    // A sort key is counted and written in bytes, whatever the parameter's type says.
+    key.resize_and_overwrite(static_cast<size_t>(size), [&](char* out, size_t) {
+        const int written =
+            LCMapStringEx(LOCALE_NAME_USER_DEFAULT, kFlags, text.data(), *length,
+                          reinterpret_cast<wchar_t*>(out), size, nullptr, nullptr, 0);
+        return static_cast<size_t>(std::max(written, 0));
+    });
     return key;
 }
 

@@ -10,8 +10,8 @@ namespace rl {
 
 /// What the caller of `DecodeText` asks for.
 struct EncodingRequest {
-    std::wstring name;                // label forced by the user; empty: find it
-    uint32_t ansiCodePage = 0;        // what "ANSI" means; 0: the system's own code page
+    std::wstring name;                  // label forced by the user; empty: find it
+    uint32_t ansiCodePage = 0;          // what "ANSI" means; 0: the system's own code page
     bool honourXmlDeclaration = false;  // only while loading XML
 
     bool operator==(const EncodingRequest&) const = default;
