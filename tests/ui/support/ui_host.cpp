@@ -17,10 +17,12 @@ constexpr const wchar_t* kHostClass = L"RowlarkTestHost";
 constexpr ULONGLONG kKeyGuard = 600;  // milliseconds; the viewer's own is 500
 
 std::vector<WPARAM> handedKeys;
+LPARAM lastKeyData = 0;
 
 LRESULT CALLBACK HostProc(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     if (message == WM_KEYDOWN) {
         handedKeys.push_back(wparam);
+        lastKeyData = lparam;
     }
     return DefWindowProcW(window, message, wparam, lparam);
 }

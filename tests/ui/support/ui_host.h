@@ -55,8 +55,12 @@ public:
     /// Lets the first half second pass, in which no key is handed back.
     static void PassKeyGuard();
 
-    /// Keys that viewers handed back since the last call.
-    [[nodiscard]] std::vector<WPARAM> TakeKeys() const;
+    /// Keys that came to the parent since the last call: those that viewers handed back, as long as
+    /// the focus is in a viewer.
+    [[nodiscard]] static std::vector<WPARAM> TakeKeys();
+
+    /// The key data of the last of them.
+    [[nodiscard]] static LPARAM LastKeyData();
 
     /// The value of a key as it stands in the INI file now; "?" when it does not.
     [[nodiscard]] std::wstring IniValue(const wchar_t* key) const;

@@ -1,0 +1,154 @@
+// A file opens: what stands on the screen first, and what then.
+#include <gtest/gtest.h>
+
+#include "tests/ui/support/fakes.h"
+#include "tests/ui/support/pump.h"
+#include "tests/ui/support/ui_host.h"
+
+namespace rl::test {
+
+namespace {
+
+constexpr const char* kPeople = "name,age\nAnn,31\nBob,\"40, about\"\n";
+
+TEST(OpenCsv, ShowsTheFirstRecordAsHeaderAndTheRestAsRows) {
+    UiHost host;
+
+    const Viewer viewer = host.OpenText(kPeople);
+
+    EXPECT_EQ(viewer.Headers(), (Texts{L"name", L"age"}));
+    ASSERT_EQ(viewer.RowCount(), 2);
+    EXPECT_EQ(viewer.Row(0), (Texts{L"Ann", L"31"}));
+    EXPECT_EQ(viewer.Row(1), (Texts{L"Bob", L"40, about"}));
+}
+
+TEST(OpenCsv, NumbersTheColumnsWithoutAHeaderRow) {
+    UiHost host({.ini = "header-row=0\n"});
+
+    const Viewer viewer = host.OpenText(kPeople);
+
+    EXPECT_EQ(viewer.Headers(), (Texts{L"Column 1", L"Column 2"}));
+    ASSERT_EQ(viewer.RowCount(), 3);
+    EXPECT_EQ(viewer.Row(0), (Texts{L"name", L"age"}));
+}
+
+TEST(OpenCsv, NumbersAColumnWithAnEmptyHeader) {
+    UiHost host;
+
+    const Viewer viewer = host.OpenText("a,b,\n1,2,3\n");
+
+    EXPECT_EQ(viewer.Headers(), (Texts{L"a", L"b", L"Column 3"}));
+}
+
+TEST(OpenCsv, PutsLineNumbersBeforeTheDataWhenAsked) {
+    UiHost host({.ini = "show-line-numbers=1\n"});
+
+    const Viewer viewer = host.OpenText(kPeople);
+
+    EXPECT_EQ(viewer.Headers(), (Texts{L"#", L"name", L"age"}));
+    EXPECT_EQ(viewer.Row(1), (Texts{L"2", L"Bob", L"40, about"}));
+}
+
+TEST(OpenCsv, OpensAnEmptyFileAsAnEmptyTable) {
+    UiHost host;
+
+    const Viewer viewer = host.OpenText("");
+
+    EXPECT_EQ(viewer.RowCount(), 0);
+}
+
+TEST(OpenCsv, FillsTheHostAndFollowsItsSize) {
+    UiHost host({.width = 900, .height = 600});
+    const Viewer viewer = host.OpenText(kPeople);
+
+    host.Resize(700, 400);
+
+    RECT area{};
+    GetClientRect(viewer.Window(), &area);
+    EXPECT_EQ(area.right, 700);
+    EXPECT_EQ(area.bottom, 400);
+    EXPECT_EQ(viewer.Place(viewer.Grid()).right, 700);
+    EXPECT_EQ(viewer.Place(viewer.StatusBar()).bottom, 400);
+}
+
+TEST(OpenCsv, OpensOnTheSourceTabWhenTheSettingSaysSoInAnyLetterCase) {
+    UiHost host({.ini = "default-tab=SOURCE\n"});
+
+    const Viewer viewer = host.OpenText(kPeople);
+
+    EXPECT_EQ(viewer.CurrentTab(), 1);
+    EXPECT_FALSE(IsWindowVisible(viewer.Grid()));
+    EXPECT_TRUE(IsWindowVisible(viewer.Source()));
+}
+
+TEST(OpenCsv, CutsALongNameGivenInAnsiInsteadOfFailing) {
+    UiHost host;
+    const std::string name(600, 'x');
+
+    const HWND window = host.Module().OpenAnsi(host.Frame(), name, 0);
+
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(UiHost::WaitUntilGone(Viewer(window)));
+    EXPECT_EQ(TheFakes().boxes.size(), 1u);
+}
+
+TEST(OpenCsv, TakesANameInTheSystemCodePage) {
+    UiHost host;
+    const std::filesystem::path file = host.Write(L"caf\u00E9.csv", kPeople);
+
+    const Viewer viewer(host.Module().OpenAnsi(host.Frame(), file.string(), 0));
+
+    ASSERT_TRUE(UiHost::WaitUntilLoaded(viewer));
+    EXPECT_EQ(viewer.RowCount(), 2);
+    host.Close(viewer);
+}
+
+TEST(WhileLoading, SaysLoadingBeforeAnythingElse) {
+    UiHost host;
+
+    const Viewer viewer = host.Start(host.Write(L"data.csv", kPeople));
+
+    EXPECT_EQ(TextOf(viewer.Placeholder()), L"Loading...");
+    EXPECT_TRUE(IsWindowVisible(viewer.Placeholder()));
+    EXPECT_EQ(viewer.StatusTexts(), (Texts{L" Loading...", L"", L"", L"", L""}));
+    UiHost::WaitUntilLoaded(viewer);
+}
+
+TEST(WhileLoading, NamesTheFileAndItsSizeRoundedDown) {
+    UiHost host;
+    const auto file = host.Write(L"data.csv", std::string(1'677'721, 'x'));  // 1.599999 MiB
+    const Viewer viewer = host.Start(file);
+    TheFakes().readDelay = 500;
+
+    PumpUntil([&] { return TextOf(viewer.Placeholder()) != L"Loading..."; });
+
+    EXPECT_EQ(TextOf(viewer.Placeholder()), L"Loading data.csv (1.5 MB)\u2026");
+    TheFakes().readDelay = 0;
+    EXPECT_TRUE(UiHost::WaitUntilLoaded(viewer));
+}
+
+TEST(WhileLoading, HidesEverythingThatNeedsTheDocument) {
+    UiHost host;
+    const Viewer viewer = host.Start(host.Write(L"data.csv", kPeople));
+
+    EXPECT_FALSE(IsWindowVisible(viewer.Grid()));
+    EXPECT_FALSE(IsWindowVisible(viewer.Tabs()));
+    EXPECT_FALSE(IsWindowVisible(viewer.Pane()));
+    UiHost::WaitUntilLoaded(viewer);
+    EXPECT_TRUE(IsWindowVisible(viewer.Grid()));
+    EXPECT_TRUE(IsWindowVisible(viewer.Tabs()));
+    EXPECT_TRUE(IsWindowVisible(viewer.Pane()));
+}
+
+TEST(WhileLoading, FindsNothingAndStaysSilent) {
+    UiHost host;
+    const Viewer viewer = host.Start(host.Write(L"data.csv", kPeople));
+
+    EXPECT_EQ(host.Module().Search(viewer.Window(), L"Ann", tools::kFindFirst), tools::kSearchMiss);
+    EXPECT_TRUE(TheFakes().beeps.empty());
+    UiHost::WaitUntilLoaded(viewer);
+}
+
+}  // namespace
+
+}  // namespace rl::test
