@@ -34,7 +34,7 @@ std::unique_ptr<CsvModel> LoadCsv(const std::wstring& path, int64_t sizeLimit,
         IsAbandoned(abandoned)) {
         return nullptr;
     }
-    if (model->Parse(std::move(text), options)) {
+    if (model->Parse(std::move(text), options, abandoned)) {
         return model;
     }
     if (!IsAbandoned(abandoned)) {

@@ -16,8 +16,8 @@ namespace rl {
 struct LoadOptions {
     int64_t sizeLimit = 0;  // bytes; 0 or less: no limit of our own
     int32_t parseMode = 0;  // JSON: 1 recovers balanced chunks from malformed text
-    CsvOptions csv;
-    EncodingRequest encoding;        // its name is empty: find the encoding
+    CsvOptions csv{};
+    EncodingRequest encoding{};      // its name is empty: find the encoding
     bool delimiterDetected = false;  // no delimiter is configured, so csv.delimiter is 0
 
     bool operator==(const LoadOptions&) const = default;

@@ -27,6 +27,11 @@ size_t ReadSome(HANDLE file, char* out, size_t count) {
     return ReadFile(file, out, wanted, &got, nullptr) ? got : 0;
 }
 
+/// Empties the buffer and gives its memory back, which an assignment would keep.
+void Release(std::string& bytes) {
+    std::string().swap(bytes);
+}
+
 enum class Outcome { Complete, Failed, Abandoned };
 
 /// Fills `bytes` with `size` bytes of the file. What the string's memory held before is never
@@ -49,7 +54,7 @@ Outcome ReadExactly(HANDLE file, size_t size, std::string& bytes, const AbandonC
         return size;
     });
     if (outcome != Outcome::Complete) {
-        bytes = std::string();
+        Release(bytes);
     }
     return outcome;
 }
@@ -58,7 +63,7 @@ Outcome ReadExactly(HANDLE file, size_t size, std::string& bytes, const AbandonC
 
 bool ReadFileLimited(const std::wstring& path, int64_t limit, std::string& bytes,
                      std::wstring& error, const AbandonCheck& abandoned) {
-    bytes = std::string();
+    Release(bytes);
     error.clear();
     const UniqueFile file = OpenForReading(path);
     if (!file) {

@@ -45,7 +45,7 @@ TEST_F(LoadCsvTest, KeepsTheEncodingItFound) {
 }
 
 TEST_F(LoadCsvTest, DecodesAsTheRequestSays) {
-    const auto model = Load("\xE8", {}, {.ansiCodePage = 1250});
+    const auto model = Load("\xE8", {}, {.name = L"", .ansiCodePage = 1250});
 
     ASSERT_NE(model, nullptr);
     EXPECT_EQ(model->CellText(0, 0), L"\x010D");
