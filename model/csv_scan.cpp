@@ -4,12 +4,17 @@
 #include <algorithm>
 
 #include "model/csv_dialect.h"
+#include "model/csv_scan_kernel.h"
 
 namespace rl {
 
 namespace {
 
 constexpr size_t kUnitsBetweenQuestions = size_t{1} << 22;
+
+size_t EndOf(const CsvRowSpan& record) {
+    return size_t{record.start} + record.length + record.lineBreakLength;
+}
 
 /// Reads records one by one, each from its own beginning.
 template <typename Unit>
@@ -52,10 +57,6 @@ public:
     CsvScanResult result;
 
 private:
-    static size_t EndOf(const CsvRowSpan& record) {
-        return size_t{record.start} + record.length + record.lineBreakLength;
-    }
-
     bool IsUnwanted(size_t position) {
         if (position < nextQuestion_) {
             return false;
@@ -108,19 +109,114 @@ private:
 };
 
 template <typename Unit>
+detail::CsvScanRun<Unit> FastRun(const CsvScanRules& rules, CsvScanKernel kernel) {
+    const auto isNarrow = [](uint16_t unit) { return unit >= 1 && unit <= 0xFE; };
+    const bool fits = isNarrow(rules.delimiter) && isNarrow(rules.quoteChar) &&
+                      rules.delimiter != rules.quoteChar && !IsLineBreak(rules.delimiter) &&
+                      !IsLineBreak(rules.quoteChar);
+    if constexpr (sizeof(Unit) == sizeof(uint16_t)) {
+        if (fits && kernel == CsvScanKernel::Avx2) {
+            return detail::RunCsvScanAvx2<Unit>;
+        }
+        if (fits && kernel == CsvScanKernel::Sse2) {
+            return detail::RunCsvScanSse2<Unit>;
+        }
+    }
+    return nullptr;
+}
+
+/// Drives a fast scan: gives it room, stops it now and then to ask whether anybody still waits, and
+/// reads on its behalf what it cannot, the comments that are not split and the end of the text.
+template <typename Unit>
+class FastScan {
+public:
+    FastScan(std::basic_string_view<Unit> text, const CsvScanRules& rules, CsvRecordStore& records,
+             const std::function<bool()>& abandoned)
+        : text_(text),
+          rules_(rules),
+          records_(records),
+          abandoned_(abandoned),
+          reader_(text, rules, abandoned) {}
+
+    CsvScanResult Run(detail::CsvScanRun<Unit> run) {
+        constexpr size_t kNeeded = detail::kCsvScanBlock + detail::kCsvScanAhead;
+        StartAt(0);
+        while (text_.size() - state_.position >= kNeeded && !reader_.result.abandoned) {
+            const size_t limit = state_.position + kUnitsBetweenQuestions;
+            const CsvRecordStore::Room room = records_.OpenRoom();
+            records_.Commit(
+                run(text_.data(), text_.size(), limit, rules_, state_, room.begin, room.end));
+            if (state_.atComment) {
+                StartAt(state_.recordStart);
+            } else if (state_.position >= limit) {
+                reader_.result.abandoned = abandoned_ && abandoned_();
+            }
+        }
+        reader_.ReadAll(state_.recordStart, records_);
+        reader_.result.columnCount = std::max(reader_.result.columnCount, state_.columnCount);
+        return reader_.result;
+    }
+
+private:
+    /// Opens the record at `position`, or the first one after the comments that stand there.
+    void StartAt(size_t position) {
+        bool isComment = IsCommentLine(text_, position);
+        while (isComment && !rules_.splitComments) {
+            const CsvRowSpan record = reader_.Read(position);
+            records_.Append(record);
+            position = EndOf(record);
+            isComment = IsCommentLine(text_, position);
+        }
+        state_ = {.position = position,
+                  .recordStart = static_cast<uint32_t>(position),
+                  .columnCount = state_.columnCount,
+                  .isComment = isComment};
+    }
+
+    std::basic_string_view<Unit> text_;
+    const CsvScanRules& rules_;
+    CsvRecordStore& records_;
+    const std::function<bool()>& abandoned_;
+    RecordReader<Unit> reader_;
+    detail::CsvScanState state_;
+};
+
+template <typename Unit>
 CsvScanResult Scan(std::basic_string_view<Unit> text, const CsvScanRules& rules,
                    CsvRecordStore& records, const std::function<bool()>& abandoned,
                    CsvScanKernel kernel) {
-    RecordReader<Unit> reader(text.substr(0, kMaxCsvUnits), rules, abandoned);
-    (void)kernel;
+    text = text.substr(0, kMaxCsvUnits);
+    if (const detail::CsvScanRun<Unit> run = FastRun<Unit>(rules, kernel); run != nullptr) {
+        return FastScan<Unit>(text, rules, records, abandoned).Run(run);
+    }
+    RecordReader<Unit> reader(text, rules, abandoned);
     reader.ReadAll(0, records);
     return reader.result;
 }
 
+CsvScanKernel FindKernel() {
+#if defined(__GNUC__)
+    const bool avx2 = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") &&
+                      __builtin_cpu_supports("bmi2");
+    return avx2 ? CsvScanKernel::Avx2 : CsvScanKernel::Sse2;
+#else
+    return CsvScanKernel::Sse2;
+#endif
+}
+
 }  // namespace
 
+bool detail::CsvCommentBeginsAt(const wchar_t* text, size_t size, size_t position) {
+    return IsCommentLine(std::wstring_view(text, size), position);
+}
+
+bool detail::CsvCommentBeginsAt(const char16_t* text, size_t size, size_t position) {
+    return IsCommentLine(std::u16string_view(text, size), position);
+}
+
 CsvScanKernel BestCsvScanKernel() {
-    return CsvScanKernel::Plain;
+    static const CsvScanKernel kernel = FindKernel();
+    return kernel;
 }
 
 CsvScanResult ScanRecords(std::wstring_view text, const CsvScanRules& rules,
