@@ -210,13 +210,15 @@ int Grid::ColumnWidth(int gridColumn) const {
                : 0;
 }
 
+// By the scroll position, not by the header's own: a window cannot stand further left than 32,768
+// pixels, and a thousand columns reach further than that.
 Rect Grid::HeaderItemRect(int gridColumn) const {
     RECT item{};
     if (gridColumn < 0 ||
         Ask(header_, HDM_GETITEMRECT, gridColumn, reinterpret_cast<LPARAM>(&item)) == 0) {
         return {};
     }
-    MapWindowPoints(header_, window_, reinterpret_cast<POINT*>(&item), 2);
+    OffsetRect(&item, -GetScrollPos(window_, SB_HORZ), 0);
     return FromRECT(item);
 }
 
