@@ -49,7 +49,8 @@ make_wine_prefix() {
   # Neither Mono nor Gecko: they ask to be downloaded and nothing here needs them.
   DISPLAY='' WINEDLLOVERRIDES="mscoree,mshtml=" quiet_wine wineboot -u || true
   DISPLAY='' quiet_wine wine regedit tools/dev/prefix.reg
-  quiet_wine wineserver -w
+  # Ended rather than waited for: an older server may have been told to stay.
+  quiet_wine wineserver -k || true
   cp tools/dev/prefix.reg "$mark"
 }
 
