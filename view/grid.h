@@ -12,8 +12,6 @@
 #include <commctrl.h>
 
 #include <array>
-#include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,8 +38,8 @@ struct GridCell {
 
 enum class GridClick { Single, Double, Right };
 
-/// What the grid tells its owner. A call that can end the owner is the last thing the grid does
-/// with the message at hand.
+/// What the grid tells its owner. A call may end the window; the owner sees to it that the grid's
+/// object outlives the message at hand.
 class IGridListener {
 public:
     /// The current cell is another one, or none. Its text and position may be shown anew.
@@ -50,8 +48,8 @@ public:
     virtual void OnColumnsMoved() {}
     /// Ctrl and the wheel: 1 for larger, -1 for smaller.
     virtual void OnFontStep(int /*direction*/) {}
-    /// A message of the list view window before anything else sees it (keys, characters, mouse);
-    /// an answer keeps it from the list view.
+    /// A message of the list view window before the list view sees it (keys, characters, mouse); an
+    /// answer keeps it from there.
     virtual Answer OnGridMessage(const Message& /*in*/) { return std::nullopt; }
     /// A click is about to make a cell current; true keeps it from doing so.
     virtual bool OnCellPressed(GridClick /*click*/, GridCell /*cell*/) { return false; }
@@ -133,6 +131,8 @@ public:
     [[nodiscard]] std::wstring CellText(int viewRow, int gridColumn) const;
     [[nodiscard]] std::wstring HeaderText(int gridColumn) const;
     [[nodiscard]] int ColumnWidth(int gridColumn) const;
+    /// The left edges of all columns and the last one's right edge, client pixels.
+    [[nodiscard]] std::vector<int> ColumnEdges() const;
     /// The selected view rows, in order.
     [[nodiscard]] std::vector<int> SelectedRows() const;
 
@@ -159,7 +159,6 @@ private:
     };
 
     Answer OnMessage(HWND window, const Message& in);
-    Answer OnKeyDown(const Message& in);
     Answer OnHeaderMessage(HWND window, const Message& in);
     void OnHeaderItemChanged(const NMHEADERW& note);
     Answer OnHeaderDraw(NMCUSTOMDRAW& draw);
@@ -189,7 +188,6 @@ private:
     HWND header_ = nullptr;
     IGridListener* listener_ = nullptr;
     Subclass subclass_;
-    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 
     HFONT normalFont_ = nullptr;
     HFONT boldFont_ = nullptr;
@@ -208,7 +206,6 @@ private:
     bool settingWidths_ = false;  // many columns change: told to the listener once, at the end
     bool movingFocus_ = false;    // the list view's focus moves because we say so
     bool drawnRowIsSelected_ = false;
-    bool swallowChar_ = false;  // the character of a key that was used
 };
 
 }  // namespace rl

@@ -1,0 +1,224 @@
+#include "view/filter_row.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "view/control.h"
+#include "view/flag_scope.h"
+#include "view/paint_scope.h"
+
+namespace rl {
+namespace {
+
+constexpr int kHalf = 128;  // of 255: the hint stands between text and background
+
+DWORD EditAlign(FilterAlign align) {
+    switch (align) {
+        case FilterAlign::Left: return ES_LEFT;
+        case FilterAlign::Right: return ES_RIGHT;
+        default: return ES_CENTER;
+    }
+}
+
+UINT DrawAlign(FilterAlign align) {
+    switch (align) {
+        case FilterAlign::Left: return DT_LEFT;
+        case FilterAlign::Right: return DT_RIGHT;
+        default: return DT_CENTER;
+    }
+}
+
+}  // namespace
+
+void FilterRow::Attach(HWND parent, IFilterRowListener& listener) {
+    parent_ = parent;
+    listener_ = &listener;
+}
+
+void FilterRow::SetLook(const Look& look) {
+    look_ = look;
+    for (const Slot& slot : slots_) {
+        if (slot.box != nullptr) {
+            SetControlFont(slot.box, look.normal);
+            InvalidateRect(slot.box, nullptr, TRUE);
+        }
+    }
+}
+
+void FilterRow::Rebuild(const Grid& grid, FilterAlign align, std::wstring hint) {
+    DropAll();
+    align_ = align;
+    hint_ = std::move(hint);
+    grid_ = grid.Window();
+    for (int gridColumn = 0; gridColumn < grid.ColumnCount(); ++gridColumn) {
+        Slot& slot = slots_.emplace_back();
+        const int dataColumn = grid.DataColumn(gridColumn);
+        if (dataColumn < 0) {
+            continue;
+        }
+        slot.isFilter = true;
+        slot.text = grid.View()->FilterText(dataColumn);
+        slot.name = grid.HeaderText(gridColumn);
+        if (gridColumn < kLazyBoxColumn) {
+            MakeBox(gridColumn);
+        }
+    }
+}
+
+void FilterRow::MakeBox(int gridColumn) {
+    const FlagScope own(quiet_);
+    Slot& slot = slots_[static_cast<size_t>(gridColumn)];
+    slot.box = CreateControl(parent_, L"Edit", slot.text.c_str(),
+                             WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL | EditAlign(align_),
+                             kFirstFilterBoxId + gridColumn);
+    slot.place = {};
+    if (slot.box == nullptr) {
+        return;  // the filter itself stays in force
+    }
+    slot.text.clear();
+    SetControlFont(slot.box, look_.normal);
+    slot.subclass.Attach(
+        slot.box, [this](HWND box, const Message& in) { return OnBoxMessage(box, in); });
+    HWND before = grid_;
+    for (int i = gridColumn - 1; i >= 0 && before == grid_; --i) {
+        const HWND box = BoxOf(i);
+        before = box != nullptr ? box : before;
+    }
+    SetWindowPos(slot.box, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void FilterRow::DropBox(Slot& slot) {
+    if (slot.box != nullptr) {
+        const FlagScope own(quiet_);
+        slot.text = WindowText(slot.box);
+        slot.subclass.Remove();
+        DestroyWindow(std::exchange(slot.box, nullptr));
+        slot.place = {};
+    }
+}
+
+void FilterRow::DropAll() {
+    for (Slot& slot : slots_) {
+        DropBox(slot);
+    }
+    slots_.clear();
+}
+
+void FilterRow::Layout(const Grid& grid, const Rect& row) {
+    std::vector<Rect> places(slots_.size());
+    if (!row.IsEmpty()) {
+        places = PlanFilterBoxes(grid.ColumnEdges(), ClientRect(grid.Window()).width, row);
+        places.resize(slots_.size());
+    }
+    UpdateLazyBoxes(places);
+    HDWP batch = nullptr;
+    for (size_t i = 0; i < slots_.size(); ++i) {
+        Slot& slot = slots_[i];
+        const Rect place = places[i].IsEmpty() ? Rect{} : places[i];
+        if (slot.box == nullptr || slot.place == place) {
+            continue;
+        }
+        batch = batch == nullptr ? BeginDeferWindowPos(static_cast<int>(slots_.size())) : batch;
+        if (batch == nullptr) {
+            return;
+        }
+        slot.place = place;
+        const UINT show = place.IsEmpty() ? SWP_HIDEWINDOW : SWP_SHOWWINDOW;
+        batch = DeferWindowPos(batch, slot.box, nullptr, place.left, place.top, place.width,
+                               place.height, SWP_NOZORDER | SWP_NOACTIVATE | show);
+    }
+    if (batch != nullptr) {
+        EndDeferWindowPos(batch);
+    }
+}
+
+// The box that has the focus stays: the user is typing into it.
+void FilterRow::UpdateLazyBoxes(const std::vector<Rect>& places) {
+    for (size_t i = kLazyBoxColumn; i < slots_.size(); ++i) {
+        Slot& slot = slots_[i];
+        const bool inView = slot.isFilter && !places[i].IsEmpty();
+        if (inView && slot.box == nullptr) {
+            MakeBox(static_cast<int>(i));
+        } else if (!inView && slot.box != nullptr && slot.box != GetFocus()) {
+            DropBox(slot);
+        }
+    }
+}
+
+bool FilterRow::OnCommand(WPARAM wparam, LPARAM lparam) {
+    const int gridColumn = ColumnOf(reinterpret_cast<HWND>(lparam));
+    if (gridColumn < 0 || HIWORD(wparam) != EN_CHANGE) {
+        return false;
+    }
+    if (!quiet_) {
+        listener_->OnFilterTyped(gridColumn);
+    }
+    return true;
+}
+
+// By the window's own identifier: a command carries only its lower 16 bits.
+int FilterRow::ColumnOf(HWND box) const {
+    if (box == nullptr || GetParent(box) != parent_) {
+        return -1;
+    }
+    const auto id = static_cast<int64_t>(GetWindowLongPtrW(box, GWLP_ID));
+    const int64_t gridColumn = id - kFirstFilterBoxId;
+    const bool isOurs = gridColumn >= 0 && gridColumn < SlotCount() &&
+                        slots_[static_cast<size_t>(gridColumn)].box == box;
+    return isOurs ? static_cast<int>(gridColumn) : -1;
+}
+
+HWND FilterRow::BoxOf(int gridColumn) const {
+    return gridColumn >= 0 && gridColumn < SlotCount()
+               ? slots_[static_cast<size_t>(gridColumn)].box
+               : nullptr;
+}
+
+std::wstring FilterRow::TextOf(int gridColumn) const {
+    if (gridColumn < 0 || gridColumn >= SlotCount()) {
+        return {};
+    }
+    const Slot& slot = slots_[static_cast<size_t>(gridColumn)];
+    return slot.box != nullptr ? WindowText(slot.box) : slot.text;
+}
+
+Answer FilterRow::OnBoxMessage(HWND box, const Message& in) {
+    const std::shared_ptr<void> alive = listener_->KeepAlive();
+    if (const Answer used = listener_->OnFilterBoxMessage(box, in)) {
+        return used;
+    }
+    switch (in.id) {
+        case WM_PAINT: {
+            const LRESULT result = DefSubclassProc(box, in.id, in.wparam, in.lparam);
+            PaintHint(box);
+            return result;
+        }
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS: InvalidateRect(box, nullptr, TRUE); return std::nullopt;
+        case WM_CHAR:
+            // A single line has no use for these and would only beep.
+            return in.wparam == VK_ESCAPE || in.wparam == VK_RETURN || in.wparam == VK_TAB
+                       ? Answer(0)
+                       : std::nullopt;
+        default: return std::nullopt;
+    }
+}
+
+void FilterRow::PaintHint(HWND box) const {
+    if (hint_.empty() || GetFocus() == box || GetWindowTextLengthW(box) > 0) {
+        return;
+    }
+    const WindowDc dc(box);
+    const SelectScope font(dc.Get(), look_.italic);
+    SIZE size{};
+    GetTextExtentPoint32W(dc.Get(), hint_.data(), static_cast<int>(hint_.size()), &size);
+    const Rect place = PlanFilterHint(ClientRect(box), size.cx, look_.dpi);
+    if (!place.IsEmpty()) {
+        SetBkMode(dc.Get(), TRANSPARENT);
+        SetTextColor(dc.Get(), MixColors(look_.text, look_.back, kHalf));
+        DrawIn(dc.Get(), place, hint_,
+               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DrawAlign(align_));
+    }
+}
+
+}  // namespace rl
