@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "model/csv_dialect.h"
+#include "model/csv_split.h"
 
 namespace rl {
 
@@ -14,8 +15,16 @@ constexpr std::wstring_view kBlanks = L" \t";
 template <typename Unit>
 void Split(std::basic_string_view<Unit> record, Unit delimiter, Unit quoteChar,
            std::vector<CsvFieldSpan>& fields) {
-    fields.clear();
     const auto size = static_cast<uint32_t>(record.size());
+    if constexpr (sizeof(Unit) == sizeof(uint16_t)) {
+        const auto isNarrow = [](Unit unit) { return unit >= 1 && unit <= 0xFE; };
+        if (isNarrow(delimiter) && isNarrow(quoteChar) && delimiter != quoteChar) {
+            detail::SplitFieldsSse2(record.data(), size, static_cast<uint8_t>(delimiter),
+                                    static_cast<uint8_t>(quoteChar), fields);
+            return;
+        }
+    }
+    fields.clear();
     uint32_t start = 0;
     bool quoted = false;
     for (uint32_t i = 0; i < size; ++i) {
