@@ -18,6 +18,7 @@ struct IntSetting {
     int32_t fallback;
     std::wstring_view comment;  // stands beside the key in the template
     IntMeaning meaning = IntMeaning::Number;
+    std::wstring_view note = {};  // what docs/settings.md says beyond the comment
 };
 
 /// A text. The template may show another value than the one in effect without the key: a
@@ -27,6 +28,7 @@ struct TextSetting {
     std::wstring_view fallback;
     std::wstring_view inTemplate;
     std::wstring_view comment;
+    std::wstring_view note = {};  // as above
 };
 
 /// A colour, decimal: blue * 65536 + green * 256 + red. There is no fallback here: a key that is

@@ -44,8 +44,9 @@ inline constexpr IntSetting kParseMode{
     L"either way"};
 inline constexpr TextSetting kMissingAttributeValue{
     L"missing-attribute-value", L"N/A", L"N/A", L"text shown for an attribute that a record lacks"};
-inline constexpr IntSetting kSkipAttributesScan{L"skip-attributes-scan", 0, L"",
-                                                IntMeaning::Switch};
+inline constexpr IntSetting kSkipAttributesScan{
+    L"skip-attributes-scan", 0, L"", IntMeaning::Switch,
+    L"record tables take their columns from the first record only"};
 /// The template shows nothing: the long string would not fit beside its explanation.
 inline constexpr TextSetting kDetectString{
     L"detect-string", kLongDetectString, L"",
@@ -54,7 +55,8 @@ inline constexpr TextSetting kDetectString{
 // View.
 
 inline constexpr TextSetting kFont{L"font", L"Segoe UI", L"Segoe UI", L"grid font face"};
-inline constexpr IntSetting kFontSize{L"font-size", 16, L"grid font height"};  // points, 10 to 48
+inline constexpr IntSetting kFontSize{L"font-size", 16, L"grid font height", IntMeaning::Number,
+                                      L"in points, 10 to 48"};
 inline constexpr IntSetting kFontWeight{L"font-weight", 0, L"1..9 give weights 100..900"};
 inline constexpr TextSetting kSourceFont{L"source-font", L"Consolas", L"Consolas",
                                          L"Source tab font face"};
@@ -74,12 +76,20 @@ inline constexpr TextSetting kFilterHint{
     L"filter-hint", L"Filter", L"Filter",
     L"greyed italic placeholder in empty filter boxes; empty = none"};
 inline constexpr IntSetting kFilterCaseSensitive{L"filter-case-sensitive", 0, L"",
-                                                 IntMeaning::Switch};
-inline constexpr IntSetting kShowLineNumbers{L"show-line-numbers", 0, L"", IntMeaning::Switch};
-inline constexpr IntSetting kDecimalAlign{L"decimal-align", 1, L"", IntMeaning::Switch};
-inline constexpr IntSetting kDisableGridLines{L"disable-grid-lines", 0, L"", IntMeaning::Switch};
-inline constexpr IntSetting kMaxColumnWidth{L"max-column-width", 300, L""};
-inline constexpr IntSetting kMaxColumnSamples{L"max-column-samples", 1000, L""};
+                                                 IntMeaning::Switch, L"filters tell a from A"};
+inline constexpr IntSetting kShowLineNumbers{L"show-line-numbers", 0, L"", IntMeaning::Switch,
+                                             L"a first column with the number of each row"};
+inline constexpr IntSetting kDecimalAlign{
+    L"decimal-align", 1, L"", IntMeaning::Switch,
+    L"numbers stand with their decimal separators below each other"};
+inline constexpr IntSetting kDisableGridLines{L"disable-grid-lines", 0, L"", IntMeaning::Switch,
+                                              L"no lines between rows and columns"};
+inline constexpr IntSetting kMaxColumnWidth{
+    L"max-column-width", 300, L"", IntMeaning::Number,
+    L"pixels at 96 dpi that a column is opened with at most, unless it is alone"};
+inline constexpr IntSetting kMaxColumnSamples{
+    L"max-column-samples", 1000, L"", IntMeaning::Number,
+    L"rows looked at to size columns and to find titles above a table"};
 inline constexpr IntSetting kTreeOutline{
     L"tree-outline", 1, L"XML/JSON as one Name/Value outline; 0 = tree pane + child table",
     IntMeaning::Switch};
@@ -98,11 +108,16 @@ inline constexpr TextSetting kStartMode{L"start-mode", L"default", L"default",
 
 /// The two characters backslash and t stand for TAB.
 inline constexpr TextSetting kColumnDelimiter{L"column-delimiter", L"\\t", L"\\t",
-                                              L"separator of copied rows"};
-inline constexpr IntSetting kCopyColumn{L"copy-column", 0, L"", IntMeaning::Switch};
-inline constexpr IntSetting kDisableNumKeys{L"disable-num-keys", 0, L"", IntMeaning::Switch};
-inline constexpr IntSetting kDisableNpKeys{L"disable-np-keys", 0, L"", IntMeaning::Switch};
-inline constexpr IntSetting kExitByQ{L"exit-by-q", 0, L"", IntMeaning::Switch};
+                                              L"separator of copied rows", L"\\t stands for TAB"};
+inline constexpr IntSetting kCopyColumn{
+    L"copy-column", 0, L"", IntMeaning::Switch,
+    L"C copies the selected rows when there are several, not the current cell"};
+inline constexpr IntSetting kDisableNumKeys{L"disable-num-keys", 0, L"", IntMeaning::Switch,
+                                            L"1 to 8 are not handed to the file manager"};
+inline constexpr IntSetting kDisableNpKeys{L"disable-np-keys", 0, L"", IntMeaning::Switch,
+                                           L"N and P are not handed to the file manager"};
+inline constexpr IntSetting kExitByQ{L"exit-by-q", 0, L"", IntMeaning::Switch,
+                                     L"Q closes the viewer"};
 
 // Theme.
 
