@@ -13,12 +13,18 @@ using Keys = std::vector<WPARAM>;
 
 constexpr const char* kTable = "a,b\n1,2\n3,4\n";
 
-/// The keys that the host gets when these are pressed in the grid.
-Keys Handed(const std::string& ini, std::initializer_list<WORD> pressed) {
-    UiHost host({.ini = ini});
+/// Opens a table and lets the time pass in which no key is handed back.
+Viewer OpenPastGuard(UiHost& host) {
     const Viewer viewer = host.OpenText(kTable);
     UiHost::PassKeyGuard();
     EXPECT_EQ(GetFocus(), viewer.Grid());
+    return viewer;
+}
+
+/// The keys that the host gets when these are pressed in the grid.
+Keys Handed(const std::string& ini, std::initializer_list<WORD> pressed) {
+    UiHost host({.ini = ini});
+    OpenPastGuard(host);
     for (const WORD key : pressed) {
         Key(key);
     }
@@ -31,8 +37,7 @@ TEST(HostKeys, AreEscapeAndF3) {
 
 TEST(HostKeys, IncludeFOnlyWithCtrl) {
     UiHost host;
-    const Viewer viewer = host.OpenText(kTable);
-    UiHost::PassKeyGuard();
+    OpenPastGuard(host);
 
     Key('F');
     EXPECT_EQ(UiHost::TakeKeys(), Keys{});
@@ -51,8 +56,7 @@ TEST(HostKeys, LeaveDigitsOutWhenTheSettingSaysSo) {
 
 TEST(HostKeys, LeaveDigitsWithCtrlOut) {
     UiHost host;
-    const Viewer viewer = host.OpenText(kTable);
-    UiHost::PassKeyGuard();
+    OpenPastGuard(host);
 
     Key('1', {VK_CONTROL});
 
@@ -74,8 +78,7 @@ TEST(HostKeys, IncludeQOnlyWhenTheSettingSaysSo) {
 
 TEST(HostKeys, ReadTheSettingsAtEachKey) {
     UiHost host;
-    const Viewer viewer = host.OpenText(kTable);
-    UiHost::PassKeyGuard();
+    OpenPastGuard(host);
     WritePrivateProfileStringW(L"rowlark", L"exit-by-q", L"1", host.IniFile().c_str());
 
     Key('Q');
@@ -102,8 +105,7 @@ TEST(HostKeys, AreKeptForTheFirstHalfSecond) {
 
 TEST(HostKeys, CarryTheScanCodeAndARepeatCountOfOne) {
     UiHost host;
-    const Viewer viewer = host.OpenText(kTable);
-    UiHost::PassKeyGuard();
+    OpenPastGuard(host);
 
     Key(VK_F3);
 

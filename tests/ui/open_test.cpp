@@ -96,7 +96,7 @@ TEST(OpenCsv, TakesANameInTheSystemCodePage) {
     UiHost host;
     const std::filesystem::path file = host.Write(L"caf\u00E9.csv", kPeople);
 
-    const Viewer viewer(host.Module().OpenAnsi(host.Frame(), file.string(), 0));
+    const Viewer viewer(host.Module().OpenAnsi(host.Frame(), tools::ToAnsi(file.wstring()), 0));
 
     ASSERT_TRUE(UiHost::WaitUntilLoaded(viewer));
     EXPECT_EQ(viewer.RowCount(), 2);

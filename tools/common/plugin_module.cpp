@@ -22,6 +22,15 @@ bool Find(HMODULE module, const char* name, Function& function) {
 
 }  // namespace
 
+std::string ToAnsi(const std::wstring& text) {
+    const int units = static_cast<int>(text.size());
+    const int length =
+        WideCharToMultiByte(CP_ACP, 0, text.data(), units, nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<size_t>(length), '\0');
+    WideCharToMultiByte(CP_ACP, 0, text.data(), units, bytes.data(), length, nullptr, nullptr);
+    return bytes;
+}
+
 PluginModule::PluginModule(const std::filesystem::path& file)
     : handle_(LoadLibraryW(file.c_str())) {
     if (handle_ != nullptr && !FindFunctions()) {
@@ -64,12 +73,12 @@ std::string PluginModule::DetectString(int bufferLength) const {
     return std::string(buffer.begin(), std::find(buffer.begin(), buffer.end(), '\0'));
 }
 
-void PluginModule::SetDefaults(const std::string& hostIni) const {
+void PluginModule::SetDefaults(const std::wstring& hostIni) const {
     Defaults defaults{.size = sizeof(Defaults),
                       .interfaceVersionLow = 0,
                       .interfaceVersionHigh = 2,
                       .iniName = {}};
-    hostIni.copy(defaults.iniName, sizeof defaults.iniName - 1);
+    ToAnsi(hostIni).copy(defaults.iniName, sizeof defaults.iniName - 1);
     defaults_(&defaults);
 }
 

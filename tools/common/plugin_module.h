@@ -24,6 +24,9 @@ inline constexpr int kSearchMiss = 1;
 /// Show flag: the user asked for this very plugin, so it may take the focus.
 inline constexpr int kForceShow = 16;
 
+/// The text in the system's ANSI code page, as the older half of the functions takes it.
+[[nodiscard]] std::string ToAnsi(const std::wstring& text);
+
 /// A loaded plugin module; unloads it at the end. Viewers must be closed before.
 class PluginModule {
 public:
@@ -46,8 +49,8 @@ public:
     /// Which files the plugin wants, in the host's own notation.
     [[nodiscard]] std::string DetectString(int bufferLength = 2048) const;
 
-    /// Tells the plugin the host's own INI file, ANSI path.
-    void SetDefaults(const std::string& hostIni) const;
+    /// Tells the plugin the host's own INI file.
+    void SetDefaults(const std::wstring& hostIni) const;
 
     void Unload();
 

@@ -84,7 +84,7 @@ ModuleSetup::ModuleSetup(const Options& options, bool headless, std::wstring& er
     if (headless) {
         PatchImport(module_->Handle(), "MessageBoxW", &PrintMessageBox);
     }
-    module_->SetDefaults((OwnFolder() / L"lister.ini").string());
+    module_->SetDefaults((OwnFolder() / L"lister.ini").wstring());
 }
 
 }  // namespace rl::tools

@@ -128,7 +128,9 @@ void UiHost::PassKeyGuard() {
     TheFakes().clockOffset += kKeyGuard;
 }
 
-std::vector<WPARAM> UiHost::TakeKeys() const {
+LPARAM UiHost::LastKeyData() { return lastKeyData; }
+
+std::vector<WPARAM> UiHost::TakeKeys() {
     return std::exchange(handedKeys, {});
 }
 

@@ -17,7 +17,7 @@ namespace rl::test {
 
 /// How a test wants its host. The INI text is what stands beside the module: lines under [rowlark].
 struct HostSetup {
-    std::string ini;
+    std::string ini = {};
     bool quickView = false;  // viewers in a child window, as in the quick-view panel
     bool popup = false;      // viewers in a child window with the popup style's rights
     int width = 900;         // client area, pixels
