@@ -14,6 +14,21 @@ constexpr size_t kUnitsBetweenQuestions = size_t{1} << 22;
 
 using Counts = std::array<uint32_t, kCandidates.size()>;
 
+/// The number of each candidate plus one, by its code: most units of a text are none of them, and a
+/// table of a single column is looked through to its end.
+constexpr std::array<uint8_t, 128> kCandidateOf = [] {
+    std::array<uint8_t, 128> table{};
+    for (size_t k = 0; k < kCandidates.size(); ++k) {
+        table[static_cast<size_t>(kCandidates[k])] = static_cast<uint8_t>(k + 1);
+    }
+    return table;
+}();
+
+constexpr size_t CandidateOf(wchar_t unit) {
+    const auto code = static_cast<size_t>(unit);
+    return code < kCandidateOf.size() ? kCandidateOf[code] : 0;
+}
+
 template <typename Unit>
 bool StartsWithSeparatorName(std::basic_string_view<Unit> line) {
     const auto is = [](Unit unit, char lower) {
@@ -97,8 +112,8 @@ private:
                 continue;
             } else if (IsLineBreak(unit)) {
                 break;
-            } else if (const size_t k = kCandidates.find(unit); k != kCandidates.npos) {
-                ++counts[k];
+            } else if (const size_t candidate = CandidateOf(unit); candidate != 0) {
+                ++counts[candidate - 1];
                 any = true;
             }
         }
@@ -165,14 +180,14 @@ wchar_t DetectDelimiter(std::wstring_view text, wchar_t quoteChar,
 }
 
 std::wstring_view DetectLineEnding(std::wstring_view text) {
-    const size_t first = text.find_first_of(L"\r\n");
-    if (first == text.npos) {
+    const auto first = std::ranges::find_if(text, IsLineBreak<wchar_t>);
+    if (first == text.end()) {
         return L"\r\n";
     }
-    if (text[first] == L'\n') {
+    if (*first == L'\n') {
         return L"\n";
     }
-    return first + 1 < text.size() && text[first + 1] == L'\n' ? L"\r\n" : L"\r";
+    return first + 1 != text.end() && first[1] == L'\n' ? L"\r\n" : L"\r";
 }
 
 }  // namespace rl

@@ -17,7 +17,7 @@ void CsvModel::SetCellText(int32_t row, int32_t column, std::wstring_view text) 
     if (id < 0) {
         my.insertedRows[static_cast<size_t>(~id)][static_cast<size_t>(textColumn)] = text;
     } else {
-        my.editedCells[detail::MakeCellKey(id, textColumn)] = text;
+        my.editedCells.insert_or_assign(detail::MakeCellKey(id, textColumn), std::wstring(text));
     }
     my.modified = true;
 }

@@ -35,8 +35,11 @@ void CsvRowOrder::Reset(const CsvRecordStore& records, bool mayHide) {
 void CsvRowOrder::InsertBelow(int32_t row, int32_t id, const CsvRecordStore& records) {
     const int32_t place = PlaceOf(row);
     WriteOrderDown();
+    if (hasVisibleList_ && visible_.size() == visible_.capacity()) {
+        visible_.reserve(visible_.size() + visible_.size() / 2 + 1);
+    }
     order_.insert(order_.begin() + place + 1, id);
-    ListVisible(records);
+    ListVisible(records);  // in the room made above: once the row is in, nothing may fail
 }
 
 void CsvRowOrder::Erase(int32_t row, const CsvRecordStore& records) {

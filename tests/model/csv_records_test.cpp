@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -80,6 +81,21 @@ TEST(SplitFields, SaysTheSameOfBothUnitTypes) {
     std::vector<CsvFieldSpan> spans;
     SplitFields(u"a,\"b,c\"", u',', u'"', spans);
     EXPECT_EQ(spans, (std::vector<CsvFieldSpan>{{0, 1}, {2, 5}}));
+}
+
+TEST(SplitFields, FindsTheSameFieldsBlockByBlockAsUnitByUnit) {
+    std::mt19937 random(7);
+    std::vector<CsvFieldSpan> wide;
+    std::vector<CsvFieldSpan> narrow;
+    for (int round = 0; round < 500; ++round) {
+        std::u16string record(random() % 300, u'x');
+        for (char16_t& unit : record) {
+            unit = random() % 6 == 0 ? u",\"\u012C"[random() % 3] : u'x';
+        }
+        SplitFields(std::wstring(record.begin(), record.end()), L',', L'"', wide);
+        SplitFields(record, u',', u'"', narrow);
+        ASSERT_EQ(wide, narrow) << "round " << round;
+    }
 }
 
 TEST(FieldText, TakesQuotesOffAndSinglesDoubledOnes) {
