@@ -77,8 +77,8 @@ void FilterRow::MakeBox(int gridColumn) {
     }
     slot.text.clear();
     SetControlFont(slot.box, look_.normal);
-    slot.subclass.Attach(
-        slot.box, [this](HWND box, const Message& in) { return OnBoxMessage(box, in); });
+    slot.subclass.Attach(slot.box,
+                         [this](HWND box, const Message& in) { return OnBoxMessage(box, in); });
     HWND before = grid_;
     for (int i = gridColumn - 1; i >= 0 && before == grid_; --i) {
         const HWND box = BoxOf(i);
@@ -169,9 +169,8 @@ int FilterRow::ColumnOf(HWND box) const {
 }
 
 HWND FilterRow::BoxOf(int gridColumn) const {
-    return gridColumn >= 0 && gridColumn < SlotCount()
-               ? slots_[static_cast<size_t>(gridColumn)].box
-               : nullptr;
+    return gridColumn >= 0 && gridColumn < SlotCount() ? slots_[static_cast<size_t>(gridColumn)].box
+                                                       : nullptr;
 }
 
 std::wstring FilterRow::TextOf(int gridColumn) const {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "view/control.h"
 #include "view/flag_scope.h"
 #include "view/header_painter.h"
 #include "view/paint_scope.h"
@@ -33,10 +34,9 @@ int WidthOf(HDC dc, std::wstring_view text) {
 Grid::~Grid() = default;
 
 bool Grid::Create(HWND parent, bool gridLines, IGridListener& listener) {
-    constexpr DWORD kStyle = WS_CHILD | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS | LVS_OWNERDATA;
+    constexpr DWORD kStyle = WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS | LVS_OWNERDATA;
     listener_ = &listener;
-    window_ = CreateWindowExW(0, WC_LISTVIEWW, L"Table", kStyle, 0, 0, 100, 100, parent,
-                              reinterpret_cast<HMENU>(INT_PTR{kGridId}), nullptr, nullptr);
+    window_ = CreateControl(parent, WC_LISTVIEWW, L"Table", kStyle, kGridId);
     if (window_ == nullptr) {
         return false;
     }
@@ -166,9 +166,8 @@ std::wstring Grid::CellText(int viewRow, int gridColumn) const {
 }
 
 std::wstring Grid::HeaderText(int gridColumn) const {
-    return gridColumn >= 0 && gridColumn < ColumnCount()
-               ? headerTexts_[static_cast<size_t>(gridColumn)]
-               : std::wstring();
+    const auto index = static_cast<size_t>(gridColumn);
+    return view_ != nullptr && index < headerTexts_.size() ? headerTexts_[index] : std::wstring();
 }
 
 const std::wstring& Grid::KeepText(GridCell cell) {
@@ -220,6 +219,18 @@ Rect Grid::HeaderItemRect(int gridColumn) const {
     }
     OffsetRect(&item, -GetScrollPos(window_, SB_HORZ), 0);
     return FromRECT(item);
+}
+
+std::vector<int> Grid::ColumnEdges() const {
+    std::vector<int> edges;
+    for (int gridColumn = 0; gridColumn < ColumnCount(); ++gridColumn) {
+        const Rect item = HeaderItemRect(gridColumn);
+        if (gridColumn == 0) {
+            edges.push_back(item.left);
+        }
+        edges.push_back(item.Right());
+    }
+    return edges;
 }
 
 RECT Grid::CellBounds(GridCell cell) const {

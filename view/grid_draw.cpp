@@ -57,10 +57,10 @@ LRESULT Grid::OnRowDraw(NMLVCUSTOMDRAW& draw) {
 LRESULT Grid::OnSubitemDraw(NMLVCUSTOMDRAW& draw) {
     const GridCell cell{static_cast<int>(draw.nmcd.dwItemSpec), draw.iSubItem};
     const Rect rect = FromRECT(CellBounds(cell));
-    if (rect.width <= 0 || cell.gridColumn >= ColumnCount()) {
+    const auto column = static_cast<size_t>(cell.gridColumn);
+    if (rect.width <= 0 || column >= metrics_.isNumeric.size()) {
         return CDRF_SKIPDEFAULT;
     }
-    const auto column = static_cast<size_t>(cell.gridColumn);
     CellInput input{.rect = rect,
                     .text = {},
                     .state = {.viewRow = cell.viewRow,

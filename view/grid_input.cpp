@@ -39,12 +39,6 @@ Answer Grid::OnMessage(HWND window, const Message& in) {
             }
             break;
         case WM_NOTIFY: return OnHeaderMessage(window, in);
-        case WM_KEYDOWN: return OnKeyDown(in);
-        case WM_CHAR:
-            if (std::exchange(swallowChar_, false)) {
-                return 0;
-            }
-            break;
         case WM_SETFOCUS: {
             // Without a focused row the list view takes the first one: that is no one's choice.
             const FlagScope own(movingFocus_);
@@ -59,19 +53,10 @@ Answer Grid::OnMessage(HWND window, const Message& in) {
         return std::nullopt;
     }
     const LRESULT result = DefSubclassProc(window, in.id, in.wparam, in.lparam);
-    TellColumnsMoved();
-    return result;
-}
-
-Answer Grid::OnKeyDown(const Message& in) {
-    // The character of a used key is on its way already. Set before the call, for nothing of ours
-    // may be touched after a key that ended the owner.
-    swallowChar_ = true;
-    if (const Answer used = listener_->OnGridMessage(in)) {
-        return used;
+    if (IsWindow(window)) {
+        TellColumnsMoved();
     }
-    swallowChar_ = false;
-    return std::nullopt;
+    return result;
 }
 
 Answer Grid::OnHeaderMessage(HWND window, const Message& in) {
@@ -85,9 +70,8 @@ Answer Grid::OnHeaderMessage(HWND window, const Message& in) {
     if (note.code == HDN_ITEMCHANGEDW || note.code == HDN_ITEMCHANGEDA) {
         OnHeaderItemChanged(*reinterpret_cast<const NMHEADERW*>(in.lparam));
     }
-    const std::weak_ptr<bool> alive = alive_;
     const LRESULT result = DefSubclassProc(window, in.id, in.wparam, in.lparam);
-    if (!alive.expired()) {  // a click on a header reaches the owner from within
+    if (IsWindow(window)) {  // a click on a header reaches the owner from within
         TellColumnsMoved();
     }
     return result;

@@ -316,20 +316,6 @@ TEST(GridKeys, GoToTheOwnerFirst) {
     EXPECT_EQ(window.grid.Current(), (GridCell{0, 0}));
 }
 
-TEST(GridKeys, SwallowTheCharacterOfAUsedKey) {
-    GridWindow window(Words({L"apple", L"cherry"}), {.headerRow = false});
-    window.grid.GoTo({0, 1});
-    window.onMessage = [](const Message& in) {
-        return in.id == WM_KEYDOWN && in.wparam == 'C' ? Answer(0) : std::nullopt;
-    };
-    window.Send(WM_KEYDOWN, 'C', 1);
-    window.Send(WM_CHAR, 'c', 1);
-    EXPECT_EQ(window.grid.Current().viewRow, 0);
-
-    window.Send(WM_CHAR, 'c', 1);  // this one comes of no used key
-    EXPECT_EQ(window.grid.Current().viewRow, 1);
-}
-
 TEST(GridTypeAhead, LooksInTheCurrentColumnBehindTheCurrentRow) {
     GridWindow window(Words({L"beta", L"Alpha", L"Bravo", L"apple"}), {.headerRow = false});
     window.grid.GoTo({0, 1});

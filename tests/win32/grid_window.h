@@ -227,6 +227,7 @@ public:
     GridCell pressed, clicked;
     GridClick lastClick = GridClick::Single;
     std::function<Answer(const Message&)> onMessage;
+    std::function<bool(WPARAM, LPARAM)> onCommand;
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT id, WPARAM wparam, LPARAM lparam) {
@@ -235,6 +236,10 @@ private:
             if (const Answer answer = self->grid.OnNotify(*reinterpret_cast<NMHDR*>(lparam))) {
                 return *answer;
             }
+        }
+        if (self != nullptr && id == WM_COMMAND && self->onCommand &&
+            self->onCommand(wparam, lparam)) {
+            return 0;
         }
         return DefWindowProcW(window, id, wparam, lparam);
     }
