@@ -131,6 +131,8 @@ public:
     [[nodiscard]] std::wstring CellText(int viewRow, int gridColumn) const;
     [[nodiscard]] std::wstring HeaderText(int gridColumn) const;
     [[nodiscard]] int ColumnWidth(int gridColumn) const;
+    /// How grid columns and data columns are numbered, and which are hidden.
+    [[nodiscard]] const GridColumns& Columns() const { return columns_; }
     /// The left edges of all columns and the last one's right edge, client pixels.
     [[nodiscard]] std::vector<int> ColumnEdges() const;
     /// The selected view rows, in order.

@@ -54,7 +54,9 @@ Answer Viewer::OnKeyDown(WPARAM key) {
     return loaded_ && HandleKey(key) ? Answer(0) : std::nullopt;
 }
 
-Answer Viewer::OnGridMessage(const Message& in) { return OnPartKey(in); }
+Answer Viewer::OnGridMessage(const Message& in) {
+    return OnPartKey(in);
+}
 
 // Keys of a part that has arrows or editing keys of its own: what we do not use stays with it.
 Answer Viewer::OnPartKey(const Message& in) {

@@ -1,8 +1,10 @@
 // Fills the edit control in pieces: wrapping millions of units takes it a while.
 #include "view/value_pane.h"
 
+#include <algorithm>
 #include <limits>
 
+#include "view/clipboard.h"
 #include "view/control.h"
 #include "view/logic/pane_text.h"
 
@@ -11,7 +13,7 @@ namespace rl {
 namespace {
 
 constexpr size_t kFirstUnits = 64 * 1024;
-constexpr size_t kNextUnits = 256 * 1024;
+constexpr size_t kNextUnits = 32 * 1024;
 constexpr UINT_PTR kRestTimer = 1;  // of the pane's own window
 constexpr UINT kRestDelay = 10;     // milliseconds; timers wait until no input is left
 
@@ -45,11 +47,56 @@ void ValuePane::Show(std::wstring_view text) {
 }
 
 Answer ValuePane::OnMessage(const Message& in) {
-    if (in.id == WM_TIMER && in.wparam == kRestTimer) {
-        AppendChunk();
+    switch (in.id) {
+        case WM_GETTEXTLENGTH: return static_cast<LRESULT>(HeldText().size());
+        case WM_GETTEXT: return AnswerText(reinterpret_cast<wchar_t*>(in.lparam), in.wparam);
+        case WM_COPY: CopySelection(); return 0;
+        case WM_TIMER:
+            if (in.wparam == kRestTimer) {
+                AppendChunk();
+                return 0;
+            }
+            return std::nullopt;
+        default: return std::nullopt;
+    }
+}
+
+// Whoever reads or copies the text gets it without the breaks put in for the control's sake.
+std::wstring ValuePane::HeldText() const {
+    const LRESULT length = DefSubclassProc(window_, WM_GETTEXTLENGTH, 0, 0);
+    std::wstring text;
+    text.resize_and_overwrite(
+        static_cast<size_t>(std::max<LRESULT>(length, 0)), [&](wchar_t* units, size_t room) {
+            return static_cast<size_t>(
+                DefSubclassProc(window_, WM_GETTEXT, room + 1, reinterpret_cast<LPARAM>(units)));
+        });
+    return WithoutSoftBreaks(text);
+}
+
+LRESULT ValuePane::AnswerText(wchar_t* buffer, size_t room) const {
+    if (buffer == nullptr || room == 0) {
         return 0;
     }
-    return std::nullopt;
+    const std::wstring text = HeldText();
+    const size_t length = std::min(text.size(), room - 1);
+    std::ranges::copy_n(text.data(), static_cast<std::ptrdiff_t>(length), buffer);
+    buffer[length] = L'\0';
+    return static_cast<LRESULT>(length);
+}
+
+void ValuePane::CopySelection() const {
+    DWORD first = 0;
+    DWORD last = 0;
+    SendMessageW(window_, EM_GETSEL, reinterpret_cast<WPARAM>(&first),
+                 reinterpret_cast<LPARAM>(&last));
+    const LRESULT length = DefSubclassProc(window_, WM_GETTEXTLENGTH, 0, 0);
+    std::wstring text(static_cast<size_t>(std::max<LRESULT>(length, 0)) + 1, L'\0');
+    text.resize(static_cast<size_t>(
+        DefSubclassProc(window_, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+    if (first < last && first < text.size()) {
+        SetClipboardText(window_,
+                         WithoutSoftBreaks(std::wstring_view(text).substr(first, last - first)));
+    }
 }
 
 // What the reader has selected and scrolled to stays as it is.

@@ -23,6 +23,9 @@ public:
 private:
     Answer OnMessage(const Message& in);
     void AppendChunk();
+    [[nodiscard]] std::wstring HeldText() const;
+    LRESULT AnswerText(wchar_t* buffer, size_t room) const;
+    void CopySelection() const;
 
     HWND window_ = nullptr;
     std::wstring text_;  // only while a part of it is not yet shown
