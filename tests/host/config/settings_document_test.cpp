@@ -12,10 +12,11 @@
 namespace rl {
 namespace {
 
-constexpr std::string_view kIntroduction = R"(# Settings
+constexpr std::string_view kIntroduction =
+    R"(# Settings
 
-<!-- Made from host/config/setting_keys.h and host/config/themes.cpp. A test compares; when it fails,
-     it prints the command that accepts the new text. -->
+<!-- Made from host/config/setting_keys.h and host/config/themes.cpp. A test compares; when it
+     fails, it prints the command that accepts the new text. -->
 
 All options are `key=value` lines under the header `[rowlark]` of `rowlark.ini`, which lies beside
 `rowlark.wlx64`. Where the file is missing it is written at the next start, with every option in it
@@ -28,8 +29,8 @@ sections `[brenlo]`, `[quivel]` and `[tormax]` of earlier plugins, in this order
 - Section names and keys may be written in any letter case. The first line of a key wins.
 - Lines that begin with `;` or `#` are comments. Behind a value, a `;` or `#` with a blank before it
   begins one: `font-size=20 ; big` is 20, `filter-hint=a;b` is `a;b`.
-- One pair of double or single quotes around a value is taken off. Inside quotes nothing is a comment:
-  `"x ;y"` is `x ;y`. Nothing is unescaped.
+- One pair of double or single quotes around a value is taken off. Inside quotes nothing is a
+  comment: `"x ;y"` is `x ;y`. Nothing is unescaped.
 - An empty value is a value: `filter-hint=` shows no hint, where a missing line shows `Filter`.
 - Numbers are whole and decimal. Anything else, such as `12px`, counts as if the line were missing.
 - The file may be UTF-8, UTF-16 with a mark, or in the system's ANSI code page.
@@ -40,8 +41,8 @@ constexpr std::string_view kColorIntroduction = R"(
 
 A colour is one decimal number: blue * 65536 + green * 256 + red. A colour that is not set is the
 selected theme's. Light themes read the keys below; dark themes read the same keys with `-dark`
-behind them, and neither sees the other's. (The values that the file written at the first start shows
-are examples and differ from these.)
+behind them, and neither sees the other's. (The values that the file written at the first start
+shows are examples and differ from these.)
 )";
 
 std::string Narrow(std::wstring_view text) {
@@ -53,7 +54,13 @@ std::string Narrow(std::wstring_view text) {
 }
 
 std::string Code(std::string_view text) {
-    return text.empty() ? std::string("empty") : "`" + std::string(text) + "`";
+    if (text.empty()) {
+        return "empty";
+    }
+    std::string code(1, '`');
+    code += text;
+    code += '`';
+    return code;
 }
 
 std::string Row(std::string_view key, std::string_view value, std::string_view meaning) {
