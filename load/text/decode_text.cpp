@@ -24,10 +24,11 @@ std::wstring DecodePage(std::string_view bytes, uint32_t codePage) {
 }
 
 std::wstring DecodeUtf16(std::string_view bytes, utf::ByteOrder order) {
+    const size_t units = bytes.size() / 2;
     std::wstring text;
-    text.resize_and_overwrite(bytes.size() / 2, [bytes, order](wchar_t* out, size_t size) {
+    text.resize_and_overwrite(units, [bytes, order, units](wchar_t* out, size_t) {
         utf::BytesToUnits(bytes, order, out);
-        return size;
+        return units;  // the library may have offered more room than was asked for
     });
     return text;
 }

@@ -13,10 +13,10 @@ namespace {
 /// Fills `bytes` with the mark, if any, and room for `size` more, which `write` fills.
 template <typename Write>
 void PutBytes(std::string_view mark, size_t size, std::string& bytes, Write write) {
-    bytes.resize_and_overwrite(mark.size() + size, [mark, &write](char* out, size_t all) {
+    bytes.resize_and_overwrite(mark.size() + size, [mark, size, &write](char* out, size_t) {
         mark.copy(out, mark.size());
         write(out + mark.size());
-        return all;
+        return mark.size() + size;  // the library may have offered more room than was asked for
     });
 }
 

@@ -10,7 +10,7 @@ namespace rl {
 
 /// What the caller of `DecodeText` asks for.
 struct EncodingRequest {
-    std::wstring name;                  // label forced by the user; empty: find it
+    std::wstring name = {};             // label forced by the user; empty: find it
     uint32_t ansiCodePage = 0;          // what "ANSI" means; 0: the system's own code page
     bool honourXmlDeclaration = false;  // only while loading XML
 
@@ -19,9 +19,9 @@ struct EncodingRequest {
 
 /// What `DecodeText` found.
 struct TextEncoding {
-    std::wstring name;      // "UTF-8", "UTF-16LE", "UTF-16BE", "ANSI", or a forced name as given
-    bool hasBom = false;    // the bytes began with this encoding's mark, and it was skipped
-    uint32_t codePage = 0;  // for "ANSI": the page used; 0: the system's own
+    std::wstring name = {};  // "UTF-8", "UTF-16LE", "UTF-16BE", "ANSI", or a forced name as given
+    bool hasBom = false;     // the bytes began with this encoding's mark, and it was skipped
+    uint32_t codePage = 0;   // for "ANSI": the page used; 0: the system's own
 
     bool operator==(const TextEncoding&) const = default;
 };
