@@ -55,7 +55,7 @@ LayoutInput Viewer::MeasureLayout() {
             .dpi = dpi_,
             .loaded = loaded_,
             .dataTab = tab_ == ViewerTab::Data,
-            .filterRow = false,  // no boxes to show yet
+            .filterRow = settings_.filterRow,
             .valuePane = settings_.valuePane,
             .splitterDragged = draggingSplitter_,
             .hasTree = false};
@@ -70,6 +70,7 @@ void Viewer::ApplyLayout(const ViewerLayout& layout) {
         {pane_.Window(), layout.pane},
     };
     ApplyPlacements(placements);
+    LayoutFilterRow();
     if (oldSplitter != layout.splitter) {
         const RECT band = ToRECT(layout.splitter);
         InvalidateRect(window_, &band, TRUE);

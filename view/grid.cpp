@@ -149,6 +149,10 @@ int Grid::RowCount() const {
     return view_ != nullptr ? std::min(view_->VisibleRowCount(), kMostRows) : 0;
 }
 
+int Grid::TopRow() const {
+    return static_cast<int>(Ask(window_, LVM_GETTOPINDEX));
+}
+
 int Grid::ColumnCount() const {
     return view_ != nullptr ? columns_.GridCount() : 0;
 }

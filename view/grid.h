@@ -119,6 +119,8 @@ public:
     [[nodiscard]] RECT CellBounds(GridCell cell) const;
 
     [[nodiscard]] int RowCount() const;
+    /// The first row in view.
+    [[nodiscard]] int TopRow() const;
     [[nodiscard]] int ColumnCount() const;
     [[nodiscard]] bool HasLineNumbers() const {
         return view_ != nullptr && columns_.HasLineNumbers();

@@ -15,7 +15,7 @@ bool Viewer::HasFocusInside() const {
 bool Viewer::PassKeyToHost(WPARAM key) {
     const HostKeyState state{.msSinceCreation = GetTickCount64() - createdAt_,
                              .focusInside = HasFocusInside(),
-                             .focusInFilterBox = false,
+                             .focusInFilterBox = filters_.ColumnOf(GetFocus()) >= 0,
                              .ctrl = IsKeyDown(VK_CONTROL),
                              .disableNumKeys = settings::IsOn(settings::kDisableNumKeys),
                              .disableNpKeys = settings::IsOn(settings::kDisableNpKeys),
@@ -46,6 +46,10 @@ bool Viewer::HandleKey(WPARAM key) {
                 return true;
             default: break;
         }
+    }
+    if (key == VK_TAB && tab_ == ViewerTab::Data) {
+        MoveFocus(GetFocus(), IsKeyDown(VK_SHIFT));
+        return true;
     }
     return GetFocus() == grid_.Window() && grid_.Navigate(key, IsKeyDown(VK_CONTROL));
 }

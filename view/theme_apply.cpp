@@ -21,6 +21,7 @@ void Viewer::ApplyTheme() {
     SetControlDark(pane_.Window(), colors_.dark);
     SetControlDark(grid_.Window(), colors_.dark);
     grid_.SetColors(colors_);
+    filters_.SetLook(FilterLook());
     tabs_.SetColors(colors_);
     source_.SetColors(sourceColors_, colors_.dark);
     status_.SetColors(colors_);
@@ -36,7 +37,8 @@ void Viewer::RebuildFonts() {
     grid_.SetFonts(fonts.normal.Get(), fonts.bold.Get(), dpi_);
     tabs_.SetFonts(fonts.normal.Get(), fonts.bold.Get(), dpi_);
     source_.SetFont(fonts.source.Get());
-    fonts_ = std::move(fonts);
+    std::swap(fonts_, fonts);
+    filters_.SetLook(FilterLook());
 }
 
 void Viewer::SetFontSize(int points) {

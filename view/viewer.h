@@ -21,6 +21,7 @@
 #include "load/load_worker.h"
 #include "load/loaded_doc.h"
 #include "load/text/document_kind.h"
+#include "view/filter_row.h"
 #include "view/fonts.h"
 #include "view/gdi_handles.h"
 #include "view/grid.h"
@@ -42,7 +43,9 @@ namespace rl {
 /// Posted by the viewer to itself when a document has been laid out: the focus may go to it.
 inline constexpr UINT kFocusRequest = WM_APP + 101;
 
-class Viewer final : public std::enable_shared_from_this<Viewer>, private IGridListener {
+class Viewer final : public std::enable_shared_from_this<Viewer>,
+                     private IGridListener,
+                     private IFilterRowListener {
 public:
     /// Opens a viewer for `path` inside `host`; `showFlags` as the host gave them. Returns at once:
     /// the document is read later. Null when the window cannot be made.
@@ -101,6 +104,16 @@ private:
     Answer OnDpiChanged();
     Answer OnChildMessage(HWND child, const Message& in);
 
+    // viewer_filter.cpp
+    [[nodiscard]] FilterRow::Look FilterLook() const;
+    void RebuildFilterRow();
+    void LayoutFilterRow();
+    Answer OnEditColors(HDC dc, HWND control);
+    void ApplyPendingFilter();
+    void ApplyFilter(int gridColumn);
+    void SortBy(int gridColumn, int32_t direction);
+    void MoveFocus(HWND from, bool backwards);
+
     // viewer_load.cpp
     void StartLoad();
     Answer OnLoadFinished();
@@ -150,6 +163,12 @@ private:
     void OnColumnsMoved() override;
     void OnFontStep(int direction) override;
     Answer OnGridMessage(const Message& in) override;
+    void OnHeaderClick(int gridColumn) override;
+
+    // IFilterRowListener, viewer_filter.cpp
+    void OnFilterTyped(int gridColumn) override;
+    Answer OnFilterBoxMessage(HWND box, const Message& in) override;
+    std::shared_ptr<void> KeepAlive() override;
 
     HWND window_ = nullptr;         // null before its creation and after its end
     std::shared_ptr<Viewer> self_;  // the window's own reference
@@ -167,6 +186,7 @@ private:
 
     HWND placeholder_ = nullptr;
     Grid grid_;
+    FilterRow filters_;
     TabStrip tabs_;
     ValuePane pane_;
     SourceView source_;
@@ -175,6 +195,7 @@ private:
 
     Document document_;
     CellFinder finder_;
+    int pendingFilter_ = -1;  // grid column whose filter waits for the typing to pause
     bool loaded_ = false;
     bool editMode_ = false;
     ViewerTab tab_ = ViewerTab::Data;

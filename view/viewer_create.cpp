@@ -119,6 +119,7 @@ bool Viewer::CreateControls() {
         !tabs_.Create(window_) || !pane_.Create(window_) || !source_.Create(window_)) {
         return false;
     }
+    filters_.Attach(window_, *this);
     RebuildFonts();
     SetWindowTheme(grid_.Header(), L"", L"");
     LoadTheme();

@@ -74,6 +74,7 @@ void Viewer::Adopt(detail::LoadedDoc& doc) {
         tab_ = ViewerTab::Source;
         tabs_.Select(tab_);
     }
+    RebuildFilterRow();
     UpdateValuePane();
     UpdateStatusBar();
     Relayout();

@@ -45,6 +45,11 @@ Answer Viewer::Handle(const Message& in) {
         case WM_CTLCOLORSTATIC:
             return OnStaticColors(reinterpret_cast<HDC>(in.wparam),
                                   reinterpret_cast<HWND>(in.lparam));
+        case WM_CTLCOLOREDIT:
+            return OnEditColors(reinterpret_cast<HDC>(in.wparam),
+                                reinterpret_cast<HWND>(in.lparam));
+        case WM_COMMAND:
+            return filters_.OnCommand(in.wparam, in.lparam) ? Answer(0) : std::nullopt;
         case WM_DRAWITEM: return OnDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(in.lparam));
         case WM_NOTIFY: return OnNotify(*reinterpret_cast<NMHDR*>(in.lparam));
         case WM_TIMER: return OnTimer(static_cast<TimerId>(in.wparam));
@@ -76,7 +81,7 @@ Answer Viewer::OnTimer(TimerId timer) {
             KillTimer(window_, static_cast<UINT_PTR>(timer));
             StartLoad();
             return 0;
-        case TimerId::PendingFilter: KillTimer(window_, static_cast<UINT_PTR>(timer)); return 0;
+        case TimerId::PendingFilter: ApplyPendingFilter(); return 0;
         default: return std::nullopt;
     }
 }

@@ -66,7 +66,9 @@ void Viewer::OnCurrentCellChanged() {
     UpdateStatusBar();
 }
 
-void Viewer::OnColumnsMoved() {}
+void Viewer::OnColumnsMoved() {
+    LayoutFilterRow();
+}
 
 void Viewer::OnFontStep(int direction) {
     SetFontSize(settings_.font.points + direction);

@@ -29,6 +29,9 @@ void RowView::SetSort(int32_t column, int32_t direction) {
 }
 
 void RowView::SetCaseSensitive(bool caseSensitive) {
+    if (caseSensitive == caseSensitive_) {
+        return;  // asked before each filter: the rows are as they should be
+    }
     caseSensitive_ = caseSensitive;
     Compile();
     Rebuild();
