@@ -30,7 +30,7 @@ inline void ExpectGolden(std::string_view actual, const std::filesystem::path& r
         return;
     }
     const std::filesystem::path fresh =
-        std::filesystem::path(ROWLARK_BINARY_DIR) / "golden" / relative.filename();
+        BuildRoot() / "golden" / relative.filename();
     std::filesystem::create_directories(fresh.parent_path());
     std::ofstream(fresh, std::ios::binary)
         .write(actual.data(), static_cast<std::streamsize>(actual.size()));

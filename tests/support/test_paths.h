@@ -9,9 +9,10 @@
 namespace rl::test {
 
 /// The root of the source tree.
-[[nodiscard]] inline std::filesystem::path SourceRoot() {
-    return ROWLARK_SOURCE_DIR;
-}
+[[nodiscard]] std::filesystem::path SourceRoot();
+
+/// The root of the build tree that the running program belongs to.
+[[nodiscard]] std::filesystem::path BuildRoot();
 
 /// The folder of real documents beside the project; may not exist.
 [[nodiscard]] inline std::filesystem::path CorpusRoot() {

@@ -26,7 +26,7 @@ struct ProcessTraits {
 using UniqueProcess = UniqueHandle<ProcessTraits>;
 
 fs::path ListerProgram() {
-    return fs::path(L"" ROWLARK_BINARY_DIR) / L"tools" / L"lister" / L"lister.exe";
+    return test::BuildRoot() / L"tools" / L"lister" / L"lister.exe";
 }
 
 /// One run of the program with its words kept in a file.

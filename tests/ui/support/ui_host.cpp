@@ -1,4 +1,5 @@
 #include "tests/ui/support/ui_host.h"
+#include "tests/support/test_paths.h"
 
 #include <gtest/gtest.h>
 
@@ -47,7 +48,7 @@ HWND MakeWindow(DWORD style, HWND parent, int width, int height) {
 }
 
 fs::path BuiltModule() {
-    return fs::path(L"" ROWLARK_BINARY_DIR) / L"host" / L"rowlark.wlx64";
+    return test::BuildRoot() / L"host" / L"rowlark.wlx64";
 }
 
 }  // namespace
