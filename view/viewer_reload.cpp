@@ -1,0 +1,131 @@
+// The same document read again: in another encoding, with another delimiter or comment handling.
+// And the same model shown again: with or without a header row or line numbers.
+#include "view/viewer.h"
+
+// Needs the types of windows.h.
+#include <commctrl.h>
+
+#include "host/store/settings.h"
+#include "load/document_loaders.h"
+#include "load/load_options.h"
+#include "load/text/messages.h"
+#include "view/control.h"
+#include "view/wait_cursor.h"
+
+namespace rl {
+
+Viewer::UserPlace Viewer::RememberPlace() const {
+    const GridCell cell = grid_.Current();
+    return {.modelRow = document_.rows->ModelRow(cell.viewRow),
+            .dataColumn = grid_.DataColumn(cell.gridColumn),
+            .topModelRow = document_.rows->ModelRow(
+                static_cast<int>(SendMessageW(grid_.Window(), LVM_GETTOPINDEX, 0, 0)))};
+}
+
+void Viewer::ReturnTo(const UserPlace& place) {
+    const int top = document_.rows->ViewRowOf(place.topModelRow);
+    if (top > 0) {
+        // From below, so that the row comes to stand at the top.
+        SendMessageW(grid_.Window(), LVM_ENSUREVISIBLE,
+                     static_cast<WPARAM>(grid_.RowCount() - 1), FALSE);
+        SendMessageW(grid_.Window(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(top), FALSE);
+    }
+    const GridCell cell{.viewRow = document_.rows->ViewRowOf(place.modelRow),
+                        .gridColumn = grid_.GridColumnOf(place.dataColumn)};
+    if (cell.viewRow >= 0) {
+        grid_.GoTo(cell);
+    } else {
+        grid_.SetCurrent({-1, cell.gridColumn});
+    }
+}
+
+// A view begins unsorted and without filters.
+std::unique_ptr<RowView> Viewer::MakeRows(const CsvModel& model) const {
+    auto rows = std::make_unique<RowView>(model, settings_.headerRow);
+    rows->SetCaseSensitive(settings::IsOn(settings::kFilterCaseSensitive));
+    return rows;
+}
+
+// The grid lets go of the old rows before they go.
+void Viewer::ShowRows(const UserPlace& place) {
+    grid_.ShowTable(document_.rows.get(), GridStyle());
+    grid_.SetSortMark(grid_.GridColumnOf(document_.rows->SortColumn()),
+                      document_.rows->SortDirection());
+    RebuildFilterRow();
+    Relayout();
+    ReturnTo(place);
+    UpdateValuePane();
+    UpdateStatusBar();
+}
+
+void Viewer::ReplaceRows(std::unique_ptr<RowView> rows) {
+    const RedrawScope still(window_);
+    const UserPlace place = RememberPlace();
+    std::swap(document_.rows, rows);
+    ShowRows(place);
+}
+
+LoadOptions Viewer::CurrentLoadOptions() const {
+    LoadOptions options = CaptureLoadOptions(kind_);
+    options.encoding.name = document_.encoding.name;
+    options.delimiterDetected = document_.delimiterDetected;
+    options.csv.delimiter = document_.delimiterDetected ? L'\0' : document_.csv->Delimiter();
+    options.csv.commentMode = document_.csv->Options().commentMode;
+    return options;
+}
+
+bool Viewer::Reload(const LoadOptions& options) {
+    const WaitCursor wait;
+    std::wstring error;
+    std::unique_ptr<CsvModel> csv =
+        LoadCsv(path_, options.sizeLimit, options.csv, options.encoding, error);
+    if (csv == nullptr) {
+        return false;
+    }
+    Document fresh;
+    fresh.rows = MakeRows(*csv);
+    fresh.encoding = csv->encoding;
+    fresh.delimiterDetected = options.delimiterDetected;
+    fresh.csv = std::move(csv);
+
+    const RedrawScope still(window_);
+    const UserPlace place = RememberPlace();
+    if (fresh.csv->ColumnCount() != document_.csv->ColumnCount()) {
+        grid_.ForgetHiddenColumns();
+    }
+    std::swap(document_, fresh);
+    finder_.Reset();
+    ShowRows(place);
+    return true;
+}
+
+void Viewer::ReloadAs(Command command) {
+    if (document_.csv == nullptr || !AskToSave(SaveReason::Reloading) || IsGone()) {
+        return;
+    }
+    LoadOptions options = CurrentLoadOptions();
+    const DelimiterChoice* delimiter = DelimiterOf(command);
+    if (delimiter != nullptr) {
+        options.csv.delimiter = delimiter->delimiter;
+        options.delimiterDetected = delimiter->delimiter == L'\0';
+    }
+    if (const CommentMode* comments = CommentModeOf(command)) {
+        options.csv.commentMode = *comments;
+    }
+    if (const std::wstring_view encoding = EncodingOf(command); !encoding.empty()) {
+        options.encoding.name = encoding;
+    }
+    bool done = false;
+    try {
+        done = Reload(options);
+    } catch (const std::exception&) {  // no memory for a second copy: the first one stays
+    }
+    if (!done) {
+        MessageBoxW(window_, messages::kNotReloaded.data(), messages::kCaption.data(),
+                    MB_OK | MB_ICONERROR);
+    } else if (delimiter != nullptr) {
+        settings::Set(settings::kDefaultColumnDelimiter, delimiter->settingText);
+    }
+}
+
+}  // namespace rl
