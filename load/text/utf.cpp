@@ -1,9 +1,10 @@
-// See the header; the scalar loops live in utf_scalar.h.
+// Chooses the kernels once, for the processor it runs on; the rest is one unit at a time.
 #include "load/text/utf.h"
 
 #include <cstdint>
 
-#include "load/text/utf_scalar.h"
+#include "load/text/cpu_features.h"
+#include "load/text/utf_kernels.h"
 
 namespace rl::utf {
 
@@ -45,20 +46,27 @@ char* PutUtf8(uint32_t point, char* out) noexcept {
     return out;
 }
 
+/// Kernels write 16-bit units; where the text's are wider, as natively, there is only the loop.
+template <typename Unit>
+Progress ConvertUtf8(std::string_view bytes, std::span<Unit> out) {
+    if constexpr (sizeof(Unit) == sizeof(simd::TextUnit)) {
+        static const Utf8Kernel<Unit> kernel =
+            HasAvx2() ? simd::Utf8ToUnitsAvx2<Unit> : simd::Utf8ToUnitsSse2<Unit>;
+        return Utf8ToUnitsWith(kernel, bytes, out);
+    } else {
+        return Utf8ToUnitsScalar(bytes, out);
+    }
+}
+
 }  // namespace
 
 Progress Utf8ToUnits(std::string_view bytes, std::span<wchar_t> out) {
-    return Utf8ToUnitsScalar(bytes, out);
+    return ConvertUtf8(bytes, out);
 }
 
 size_t CountUnits(std::string_view bytes) {
-    size_t count = 0;
-    for (const char byte : bytes) {
-        const auto value = static_cast<uint8_t>(byte);
-        count += (value & 0xC0) != 0x80 ? 1 : 0;
-        count += value >= 0xF0 ? 1 : 0;
-    }
-    return count;
+    static const auto count = HasAvx2() ? simd::CountUnitsAvx2 : simd::CountUnitsSse2;
+    return count(bytes.data(), bytes.size());
 }
 
 size_t CountUtf8(std::wstring_view units) {
