@@ -56,8 +56,8 @@ void Viewer::OnCopyCell(Command) {
 
 void Viewer::OnCopyRows(Command) {
     const std::wstring separator = ValueSeparator(settings::Get(settings::kColumnDelimiter));
-    SetClipboardText(window_, RowsAsText(*document_.rows, grid_.Columns(), grid_.SelectedRows(),
-                                         separator));
+    SetClipboardText(window_,
+                     RowsAsText(*document_.rows, grid_.Columns(), grid_.SelectedRows(), separator));
 }
 
 void Viewer::OnCopyColumn(Command) {
@@ -76,9 +76,13 @@ void Viewer::CopyByKey(bool ctrl, bool shift) {
     }
 }
 
-void Viewer::OnHideColumn(Command) { grid_.HideColumn(grid_.Current().gridColumn); }
+void Viewer::OnHideColumn(Command) {
+    grid_.HideColumn(grid_.Current().gridColumn);
+}
 
-void Viewer::OnShowAllColumns(Command) { grid_.ShowAllColumns(); }
+void Viewer::OnShowAllColumns(Command) {
+    grid_.ShowAllColumns();
+}
 
 void Viewer::OnToggleFilters(Command) {
     settings_.filterRow = !settings_.filterRow;
@@ -100,7 +104,9 @@ void Viewer::OnToggleLineNumbers(Command) {
     ShowRows(place);
 }
 
-void Viewer::OnToggleValuePane(Command) { SetValuePaneShown(!settings_.valuePane); }
+void Viewer::OnToggleValuePane(Command) {
+    SetValuePaneShown(!settings_.valuePane);
+}
 
 void Viewer::OnToggleEdit(Command) {
     editMode_ = !editMode_;
@@ -115,8 +121,7 @@ void Viewer::ChooseTheme(int index) {
 
 // The dialog pumps messages: the host may close the viewer from inside it.
 void Viewer::OnChooseFont(Command command) {
-    const FontRole role =
-        command == Command::ChooseSourceFont ? FontRole::Source : FontRole::Grid;
+    const FontRole role = command == Command::ChooseSourceFont ? FontRole::Source : FontRole::Grid;
     const std::optional<PickedFont> picked = PickFont(window_, role, settings_.font, dpi_);
     if (!picked || IsGone()) {
         return;

@@ -47,7 +47,9 @@ bool HelpWindow::RegisterWindowClass() noexcept {
     return RegisterClassExW(&record) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
 }
 
-void HelpWindow::UnregisterWindowClass() noexcept { UnregisterClassW(kClassName, OwnInstance()); }
+void HelpWindow::UnregisterWindowClass() noexcept {
+    UnregisterClassW(kClassName, OwnInstance());
+}
 
 void HelpWindow::Show(HWND viewer, const std::wstring& face, int dpi) {
     if (window_ != nullptr) {
@@ -115,9 +117,8 @@ void HelpWindow::FillWindow() const {
 }
 
 Answer HelpWindow::OnTextMessage(const Message& in) {
-    const bool closes =
-        in.id == WM_KEYDOWN &&
-        (in.wparam == VK_ESCAPE || in.wparam == VK_RETURN || in.wparam == VK_F1);
+    const bool closes = in.id == WM_KEYDOWN &&
+                        (in.wparam == VK_ESCAPE || in.wparam == VK_RETURN || in.wparam == VK_F1);
     if (!closes) {
         return std::nullopt;
     }
@@ -139,8 +140,7 @@ LRESULT CALLBACK HelpWindow::WindowProc(HWND window, UINT id, WPARAM wparam, LPA
     switch (id) {
         case WM_SIZE: help->FillWindow(); return 0;
         case WM_SETFOCUS: SetFocus(help->text_); return 0;
-        case WM_CTLCOLORSTATIC:
-            return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+        case WM_CTLCOLORSTATIC: return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
         case WM_DESTROY:
             if (IsWindow(help->focusBefore_)) {
                 SetFocus(help->focusBefore_);

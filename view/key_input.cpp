@@ -29,48 +29,57 @@ bool Viewer::PassKeyToHost(WPARAM key) {
 }
 
 // Used keys answer true; whatever they did, the viewer may be gone by then.
-bool Viewer::HandleKey(WPARAM key) {
+bool Viewer::HandleKey(WPARAM key, KeyFocus focus) {
     if (PassKeyToHost(key)) {
         return true;
     }
-    if (IsKeyDown(VK_CONTROL)) {
-        switch (key) {
-            case VK_ADD:
-            case VK_OEM_PLUS: OnFontStep(1); return true;
-            case VK_SUBTRACT:
-            case VK_OEM_MINUS: OnFontStep(-1); return true;
-            case VK_SPACE: grid_.ShowAllColumns(); return true;
-            case 'D': SetValuePaneShown(!settings_.valuePane); return true;
-            case VK_TAB:
-                SwitchTab(tab_ == ViewerTab::Data ? ViewerTab::Source : ViewerTab::Data);
-                return true;
-            default: break;
-        }
+    const KeyPress press{.key = static_cast<VirtualKey>(key),
+                         .ctrl = IsKeyDown(VK_CONTROL),
+                         .shift = IsKeyDown(VK_SHIFT)};
+    if (const KeyBinding* binding = FindKey(press, focus, DescribeCommands())) {
+        return RunKey(*binding, press);
     }
     if (key == VK_TAB && tab_ == ViewerTab::Data) {
-        MoveFocus(GetFocus(), IsKeyDown(VK_SHIFT));
+        MoveFocus(GetFocus(), press.shift);
         return true;
     }
-    return GetFocus() == grid_.Window() && grid_.Navigate(key, IsKeyDown(VK_CONTROL));
+    return false;
+}
+
+bool Viewer::RunKey(const KeyBinding& binding, const KeyPress& press) {
+    switch (binding.action) {
+        case KeyAction::RunCommand: return RunCommand(static_cast<UINT>(binding.command));
+        case KeyAction::ShowHelp: help_.Show(window_, settings_.font.sourceFace, dpi_); return true;
+        case KeyAction::LargerFont: OnFontStep(1); return true;
+        case KeyAction::SmallerFont: OnFontStep(-1); return true;
+        case KeyAction::SwitchTab:
+            SwitchTab(tab_ == ViewerTab::Data ? ViewerTab::Source : ViewerTab::Data);
+            return true;
+        case KeyAction::MoveCell:
+            return GetFocus() == grid_.Window() && grid_.Navigate(press.key, press.ctrl);
+        case KeyAction::CopyAsPressed: CopyByKey(press.ctrl, press.shift); return true;
+        case KeyAction::BeginEdit: return true;  // no cell can be edited yet
+    }
+    return false;
 }
 
 Answer Viewer::OnKeyDown(WPARAM key) {
-    return loaded_ && HandleKey(key) ? Answer(0) : std::nullopt;
+    return loaded_ && HandleKey(key, KeyFocus::Viewer) ? Answer(0) : std::nullopt;
 }
 
 Answer Viewer::OnGridMessage(const Message& in) {
-    return OnPartKey(in);
+    return OnPartKey(in, KeyFocus::Grid);
 }
 
 // Keys of a part that has arrows or editing keys of its own: what we do not use stays with it.
-Answer Viewer::OnPartKey(const Message& in) {
+Answer Viewer::OnPartKey(const Message& in, KeyFocus focus) {
     if (in.id == WM_CHAR && swallowCharacters_) {
         return 0;  // of a key that was used: it must not start a search in the list
     }
     if (in.id != WM_KEYDOWN) {
         return std::nullopt;
     }
-    swallowCharacters_ = loaded_ && HandleKey(in.wparam);
+    swallowCharacters_ = loaded_ && HandleKey(in.wparam, focus);
     return swallowCharacters_ ? Answer(0) : std::nullopt;
 }
 

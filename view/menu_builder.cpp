@@ -27,10 +27,8 @@ bool AppendItem(HMENU parent, Command command) {
 bool AppendRow(HMENU parent, const MenuRow& row) {
     switch (row.kind) {
         case MenuRowKind::Item: return AppendItem(parent, row.command);
-        case MenuRowKind::Separator:
-            return AppendMenuW(parent, MF_SEPARATOR, 0, nullptr) != FALSE;
-        case MenuRowKind::Submenu:
-            return AppendSubmenu(parent, BuildMenu(row.submenu), row.title);
+        case MenuRowKind::Separator: return AppendMenuW(parent, MF_SEPARATOR, 0, nullptr) != FALSE;
+        case MenuRowKind::Submenu: return AppendSubmenu(parent, BuildMenu(row.submenu), row.title);
     }
     return false;
 }

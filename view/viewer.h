@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "host/config/themes.h"
+#include "load/load_options.h"
 #include "load/load_worker.h"
 #include "load/loaded_doc.h"
 #include "load/text/document_kind.h"
@@ -25,10 +26,13 @@
 #include "view/fonts.h"
 #include "view/gdi_handles.h"
 #include "view/grid.h"
+#include "view/help_window.h"
 #include "view/logic/find_text.h"
+#include "view/logic/keys.h"
 #include "view/logic/row_view.h"
 #include "view/logic/status_cells.h"
 #include "view/logic/viewer_layout.h"
+#include "view/menu_builder.h"
 #include "view/message.h"
 #include "view/save_question.h"
 #include "view/source_view.h"
@@ -79,6 +83,17 @@ private:
         UniqueBrush back, filterBack, paneBack;
     };
 
+    struct Menus {
+        UniqueMenu context, encoding, delimiter, comments;
+    };
+
+    /// Where the user is, whatever happens to the rows; -1 where there is nothing.
+    struct UserPlace {
+        int modelRow = -1;
+        int dataColumn = -1;
+        int topModelRow = -1;
+    };
+
     Viewer(HWND host, const std::wstring& path, int showFlags);
 
     // viewer_create.cpp
@@ -95,6 +110,8 @@ private:
     Answer OnTimer(TimerId timer);
     Answer OnNotify(NMHDR& note);
     Answer OnTabChange(NMHDR& note);
+    Answer OnCommand(WPARAM wparam, LPARAM lparam);
+    Answer OnContextMenu();
     Answer OnEraseBackground(HDC dc);
     Answer OnStaticColors(HDC dc, HWND control);
     Answer OnDrawItem(const DRAWITEMSTRUCT& item);
@@ -122,6 +139,40 @@ private:
     void FailLoad(const std::wstring& error);
     bool AskToSave(SaveReason reason);
 
+    // viewer_reload.cpp
+    [[nodiscard]] UserPlace RememberPlace() const;
+    void ReturnTo(const UserPlace& place);
+    [[nodiscard]] std::unique_ptr<RowView> MakeRows(const CsvModel& model) const;
+    void ShowRows(const UserPlace& place);
+    void ReplaceRows(std::unique_ptr<RowView> rows);
+    [[nodiscard]] LoadOptions CurrentLoadOptions() const;
+    bool Reload(const LoadOptions& options);
+    void ReloadAs(Command command);
+
+    // viewer_menus.cpp
+    void BuildMenus();
+    [[nodiscard]] HMENU MenuOf(MenuId menu) const;
+    [[nodiscard]] CommandState DescribeCommands() const;
+    void ShowMenu(MenuId menu, POINT at, UINT flags);
+    void ShowContextMenu();
+    Answer OnStatusClick(NMHDR& note);
+
+    // command_actions.cpp
+    bool RunCommand(UINT id);
+    void OnCopyCell(Command command);
+    void OnCopyRows(Command command);
+    void OnCopyColumn(Command command);
+    void CopyByKey(bool ctrl, bool shift);
+    void OnHideColumn(Command command);
+    void OnShowAllColumns(Command command);
+    void OnToggleFilters(Command command);
+    void OnToggleHeaderRow(Command command);
+    void OnToggleLineNumbers(Command command);
+    void OnToggleValuePane(Command command);
+    void OnToggleEdit(Command command);
+    void OnChooseFont(Command command);
+    void ChooseTheme(int index);
+
     // apply_layout.cpp
     void Relayout();
     [[nodiscard]] LayoutInput MeasureLayout();
@@ -146,9 +197,10 @@ private:
     // key_input.cpp
     [[nodiscard]] bool HasFocusInside() const;
     bool PassKeyToHost(WPARAM key);
-    bool HandleKey(WPARAM key);
+    bool HandleKey(WPARAM key, KeyFocus focus);
+    bool RunKey(const KeyBinding& binding, const KeyPress& press);
     Answer OnKeyDown(WPARAM key);
-    Answer OnPartKey(const Message& in);
+    Answer OnPartKey(const Message& in, KeyFocus focus);
 
     // viewer_show.cpp
     void SwitchTab(ViewerTab tab);
@@ -164,6 +216,8 @@ private:
     void OnFontStep(int direction) override;
     Answer OnGridMessage(const Message& in) override;
     void OnHeaderClick(int gridColumn) override;
+    void OnHeaderMenu() override;
+    void OnCellClicked(GridClick click, GridCell cell) override;
 
     // IFilterRowListener, viewer_filter.cpp
     void OnFilterTyped(int gridColumn) override;
@@ -191,6 +245,8 @@ private:
     ValuePane pane_;
     SourceView source_;
     StatusBar status_;
+    Menus menus_;
+    HelpWindow help_;
     std::vector<Subclass> watches_;  // one for each child, see WatchChildren
 
     Document document_;

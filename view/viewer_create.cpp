@@ -84,6 +84,7 @@ std::shared_ptr<Viewer> Viewer::Of(HWND window) {
 void Viewer::UnregisterClasses() noexcept {
     UnregisterClassW(kClassName, OwnInstance());
     SourceView::UnregisterWindowClass();
+    HelpWindow::UnregisterWindowClass();
 }
 
 bool Viewer::CreateWindows(HWND host) {
@@ -127,6 +128,7 @@ bool Viewer::CreateControls() {
         return false;
     }
     ApplyTheme();
+    BuildMenus();
     WatchChildren();
     return true;
 }
@@ -154,6 +156,7 @@ void Viewer::TearDown() noexcept {
     worker_.Abandon();
     worker_.Join();
     pending_.reset();
+    help_.Close();
     KillTimer(window_, static_cast<UINT_PTR>(TimerId::StartLoad));
     KillTimer(window_, static_cast<UINT_PTR>(TimerId::PendingFilter));
     window_ = nullptr;

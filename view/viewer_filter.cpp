@@ -114,6 +114,9 @@ Answer Viewer::OnFilterBoxMessage(HWND box, const Message& in) {
     if (in.id == WM_MOUSEWHEEL) {
         return OnWheel(in.wparam);
     }
+    if (in.id == WM_CHAR && (in.wparam == VK_ESCAPE || in.wparam == VK_TAB)) {
+        return 0;  // the box would beep at it
+    }
     if (in.id != WM_KEYDOWN) {
         return std::nullopt;
     }

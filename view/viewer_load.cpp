@@ -66,8 +66,7 @@ void Viewer::Adopt(detail::LoadedDoc& doc) {
     document_.csv = std::move(doc.csvModel);
     document_.encoding = document_.csv->encoding;
     document_.delimiterDetected = delimiterDetected_;
-    document_.rows = std::make_unique<RowView>(*document_.csv, settings_.headerRow);
-    document_.rows->SetCaseSensitive(settings::IsOn(settings::kFilterCaseSensitive));
+    document_.rows = MakeRows(*document_.csv);
     grid_.ShowTable(document_.rows.get(), GridStyle());
     loaded_ = true;
     if (OpensOnSourceTab()) {

@@ -85,14 +85,15 @@ Answer Viewer::OnStatusClick(NMHDR& note) {
         return std::nullopt;
     }
     RECT bounds{};
-    SendMessageW(status_.Window(), SB_GETRECT, click.dwItemSpec,
-                 reinterpret_cast<LPARAM>(&bounds));
+    SendMessageW(status_.Window(), SB_GETRECT, click.dwItemSpec, reinterpret_cast<LPARAM>(&bounds));
     POINT corner{bounds.left, bounds.top};
     ClientToScreen(status_.Window(), &corner);
     ShowMenu(*menu, corner, TPM_LEFTALIGN | TPM_BOTTOMALIGN);
     return TRUE;
 }
 
-void Viewer::OnHeaderMenu() { ShowContextMenu(); }
+void Viewer::OnHeaderMenu() {
+    ShowContextMenu();
+}
 
 }  // namespace rl

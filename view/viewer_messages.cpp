@@ -48,8 +48,8 @@ Answer Viewer::Handle(const Message& in) {
         case WM_CTLCOLOREDIT:
             return OnEditColors(reinterpret_cast<HDC>(in.wparam),
                                 reinterpret_cast<HWND>(in.lparam));
-        case WM_COMMAND:
-            return filters_.OnCommand(in.wparam, in.lparam) ? Answer(0) : std::nullopt;
+        case WM_COMMAND: return OnCommand(in.wparam, in.lparam);
+        case WM_CONTEXTMENU: return OnContextMenu();
         case WM_DRAWITEM: return OnDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(in.lparam));
         case WM_NOTIFY: return OnNotify(*reinterpret_cast<NMHDR*>(in.lparam));
         case WM_TIMER: return OnTimer(static_cast<TimerId>(in.wparam));
@@ -97,6 +97,8 @@ Answer Viewer::OnNotify(NMHDR& note) {
     };
     static constexpr Route kRoutes[] = {
         {kTabStripId, static_cast<UINT>(TCN_SELCHANGE), &Viewer::OnTabChange},
+        {kStatusBarId, static_cast<UINT>(NM_CLICK), &Viewer::OnStatusClick},
+        {kStatusBarId, static_cast<UINT>(NM_RCLICK), &Viewer::OnStatusClick},
     };
     for (const Route& route : kRoutes) {
         if (route.control == note.idFrom && route.code == note.code) {
@@ -108,6 +110,20 @@ Answer Viewer::OnNotify(NMHDR& note) {
 
 Answer Viewer::OnTabChange(NMHDR&) {
     SwitchTab(tabs_.Selected());
+    return 0;
+}
+
+// Boxes first: their identifiers reach into those of the menu when there are many columns.
+Answer Viewer::OnCommand(WPARAM wparam, LPARAM lparam) {
+    if (filters_.OnCommand(wparam, lparam)) {
+        return 0;
+    }
+    const bool fromMenu = lparam == 0 && HIWORD(wparam) == 0;
+    return fromMenu && RunCommand(LOWORD(wparam)) ? Answer(0) : std::nullopt;
+}
+
+Answer Viewer::OnContextMenu() {
+    ShowContextMenu();
     return 0;
 }
 
@@ -183,7 +199,7 @@ Answer Viewer::OnChildMessage(HWND child, const Message& in) {
         return OnWheel(in.wparam);
     }
     if (child == source_.Window() || child == pane_.Window()) {
-        return OnPartKey(in);
+        return OnPartKey(in, KeyFocus::Source);
     }
     return std::nullopt;
 }

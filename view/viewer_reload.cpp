@@ -26,8 +26,8 @@ void Viewer::ReturnTo(const UserPlace& place) {
     const int top = document_.rows->ViewRowOf(place.topModelRow);
     if (top > 0) {
         // From below, so that the row comes to stand at the top.
-        SendMessageW(grid_.Window(), LVM_ENSUREVISIBLE,
-                     static_cast<WPARAM>(grid_.RowCount() - 1), FALSE);
+        SendMessageW(grid_.Window(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(grid_.RowCount() - 1),
+                     FALSE);
         SendMessageW(grid_.Window(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(top), FALSE);
     }
     const GridCell cell{.viewRow = document_.rows->ViewRowOf(place.modelRow),

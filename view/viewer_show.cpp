@@ -3,6 +3,7 @@
 
 #include "host/store/settings.h"
 #include "view/control.h"
+#include "view/open_link.h"
 
 namespace rl {
 
@@ -64,6 +65,12 @@ Grid::Style Viewer::GridStyle() const {
 void Viewer::OnCurrentCellChanged() {
     UpdateValuePane();
     UpdateStatusBar();
+}
+
+void Viewer::OnCellClicked(GridClick click, GridCell cell) {
+    if (click == GridClick::Single && IsKeyDown(VK_MENU)) {
+        OpenLinkIn(window_, grid_.CellText(cell.viewRow, cell.gridColumn));
+    }
 }
 
 void Viewer::OnColumnsMoved() {
