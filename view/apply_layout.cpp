@@ -4,7 +4,6 @@
 #include <commctrl.h>
 #include <span>
 
-#include "host/store/settings.h"
 #include "view/paint_scope.h"
 
 namespace rl {
@@ -22,9 +21,11 @@ void ApplyPlacements(std::span<const Placement> placements) {
         if (batch == nullptr) {
             return;
         }
-        const UINT show = rect.IsEmpty() ? SWP_HIDEWINDOW : SWP_SHOWWINDOW;
+        // What is hidden keeps its size: coming back at the same one costs it nothing.
+        const UINT change =
+            rect.IsEmpty() ? SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE : SWP_SHOWWINDOW;
         batch = DeferWindowPos(batch, window, nullptr, rect.left, rect.top, rect.width, rect.height,
-                               SWP_NOZORDER | SWP_NOACTIVATE | show);
+                               SWP_NOZORDER | SWP_NOACTIVATE | change);
     }
     if (batch != nullptr) {
         EndDeferWindowPos(batch);
@@ -38,9 +39,7 @@ void Viewer::Relayout() {
         return;
     }
     const ViewerLayout layout = ComputeLayout(MeasureLayout());
-    if (paneHeight_ != layout.paneHeight) {
-        paneHeight_ = layout.paneHeight;
-    }
+    paneHeight_ = layout.paneHeight;
     ApplyLayout(layout);
 }
 
@@ -51,7 +50,6 @@ LayoutInput Viewer::MeasureLayout() {
             .height = client.height,
             .statusHeight = statusHeight,
             .paneHeight = paneHeight_,
-            .treeWidth = settings::Get(settings::kTreeWidth),
             .dpi = dpi_,
             .loaded = loaded_,
             .dataTab = tab_ == ViewerTab::Data,

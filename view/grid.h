@@ -186,6 +186,8 @@ private:
     [[nodiscard]] Rect HeaderItemRect(int gridColumn) const;
     [[nodiscard]] bool HasGridLines() const;
     void RedrawRow(int viewRow);
+    void DeselectAll();
+    void FitColumn(int gridColumn);
     void TellColumnsMoved();
 
     HWND window_ = nullptr;

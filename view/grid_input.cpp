@@ -1,6 +1,7 @@
 // What the user does to the grid: clicks, keys the list view answers itself, typing to find a row,
 // the wheel; and where the current cell goes in consequence.
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "view/flag_scope.h"
@@ -67,6 +68,10 @@ Answer Grid::OnHeaderMessage(HWND window, const Message& in) {
     if (note.code == NM_CUSTOMDRAW || note.code == NM_RCLICK) {
         return SendMessageW(GetParent(window), WM_NOTIFY, in.wparam, in.lparam);
     }
+    if (note.code == HDN_DIVIDERDBLCLICKW || note.code == HDN_DIVIDERDBLCLICKA) {
+        FitColumn(reinterpret_cast<const NMHEADERW&>(note).iItem);
+        return 0;
+    }
     if (note.code == HDN_ITEMCHANGEDW || note.code == HDN_ITEMCHANGEDA) {
         OnHeaderItemChanged(*reinterpret_cast<const NMHEADERW*>(in.lparam));
     }
@@ -87,9 +92,25 @@ void Grid::OnHeaderItemChanged(const NMHEADERW& note) {
     }
 }
 
+// A double click on a divider: the width that the sampled rows ask for. The list view would measure
+// every row of the file.
+void Grid::FitColumn(int gridColumn) {
+    const auto index = static_cast<size_t>(gridColumn);
+    if (gridColumn >= 0 && index < metrics_.widths.size() && !IsHidden(DataColumn(gridColumn))) {
+        SendMessageW(window_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(gridColumn),
+                     metrics_.widths[index]);
+    }
+}
+
+// The list view has handled its message by now: an exception must not have it handled again.
 void Grid::TellColumnsMoved() {
-    if (!settingWidths_) {
+    if (settingWidths_) {
+        return;
+    }
+    try {
         listener_->OnColumnsMoved();
+    } catch (const std::exception&) {
+        MessageBeep(MB_ICONWARNING);
     }
 }
 
@@ -180,12 +201,31 @@ void Grid::RedrawRow(int viewRow) {
     }
 }
 
-void Grid::SelectOnly(int viewRow) {
-    const FlagScope own(movingFocus_);
+// One selected row, the usual case, is found where the focus or the current cell is: deselecting
+// every row by number is a walk over all of them on some systems.
+void Grid::DeselectAll() {
     LVITEMW state{};
     state.stateMask = LVIS_SELECTED;
-    SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(-1),
+    int row = -1;
+    if (const LRESULT selected = SendMessageW(window_, LVM_GETSELECTEDCOUNT, 0, 0); selected == 0) {
+        return;
+    } else if (selected == 1) {
+        for (const int candidate : {current_.viewRow, NextItem(-1, LVNI_FOCUSED)}) {
+            if (candidate >= 0 &&
+                SendMessageW(window_, LVM_GETITEMSTATE, static_cast<WPARAM>(candidate),
+                             LVIS_SELECTED) != 0) {
+                row = candidate;
+            }
+        }
+    }
+    SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
                  reinterpret_cast<LPARAM>(&state));
+}
+
+void Grid::SelectOnly(int viewRow) {
+    const FlagScope own(movingFocus_);
+    DeselectAll();
+    LVITEMW state{};
     if (viewRow < 0 || viewRow >= RowCount()) {
         return;
     }
@@ -213,8 +253,8 @@ void Grid::BringIntoView(GridCell cell) {
 }
 
 void Grid::GoTo(GridCell cell) {
+    SelectOnly(cell.viewRow);  // first: the row to deselect is mostly that of the current cell
     SetCurrent(cell);
-    SelectOnly(cell.viewRow);
     BringIntoView(cell);
 }
 
@@ -238,13 +278,21 @@ GridCell Grid::HitTest(POINT client) const {
 }
 
 bool Grid::Navigate(WPARAM key, bool ctrl) {
+    if (key < VK_LEFT || key > VK_DOWN) {
+        return false;
+    }
     std::vector<int> widths;
+    widths.reserve(static_cast<size_t>(std::max(0, ColumnCount())));
     for (int gridColumn = 0; gridColumn < ColumnCount(); ++gridColumn) {
         widths.push_back(ColumnWidth(gridColumn));
     }
+    const auto isInView = [&](int row) { return row >= 0 && row < RowCount(); };
+    const int focused = NextItem(-1, LVNI_FOCUSED);
+    // Looking for a selected row walks over all rows: only where nothing else says where we are.
+    const bool known = isInView(current_.viewRow) || isInView(focused);
     const NavigationState state{.current = {current_.viewRow, current_.gridColumn},
-                                .focusedRow = NextItem(-1, LVNI_FOCUSED),
-                                .firstSelectedRow = NextItem(-1, LVNI_SELECTED),
+                                .focusedRow = focused,
+                                .firstSelectedRow = known ? -1 : NextItem(-1, LVNI_SELECTED),
                                 .visibleRows = RowCount(),
                                 .columnWidths = widths};
     const auto target = rl::Navigate(state, static_cast<VirtualKey>(key), ctrl);

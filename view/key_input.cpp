@@ -12,14 +12,25 @@ bool Viewer::HasFocusInside() const {
     return focus != nullptr && (focus == window_ || IsChild(window_, focus));
 }
 
+namespace {
+
+/// Ctrl as a command key. AltGr arrives as Ctrl and Alt together and types a character.
+bool IsCommandKeyDown() {
+    return IsKeyDown(VK_CONTROL) && !IsKeyDown(VK_MENU);
+}
+
+}  // namespace
+
 bool Viewer::PassKeyToHost(WPARAM key) {
-    const HostKeyState state{.msSinceCreation = GetTickCount64() - createdAt_,
-                             .focusInside = HasFocusInside(),
-                             .focusInFilterBox = filters_.ColumnOf(GetFocus()) >= 0,
-                             .ctrl = IsKeyDown(VK_CONTROL),
-                             .disableNumKeys = settings::IsOn(settings::kDisableNumKeys),
-                             .disableNpKeys = settings::IsOn(settings::kDisableNpKeys),
-                             .exitByQ = settings::IsOn(settings::kExitByQ)};
+    const HostKeyState state{
+        .msSinceCreation = GetTickCount64() - createdAt_,
+        .focusInside = HasFocusInside(),
+        .focusInFilterBox = false,
+        .ctrl = IsCommandKeyDown(),
+        // Each look-up asks for the stamps of two files: only where it counts.
+        .disableNumKeys = key >= '1' && key <= '8' && settings::IsOn(settings::kDisableNumKeys),
+        .disableNpKeys = (key == 'N' || key == 'P') && settings::IsOn(settings::kDisableNpKeys),
+        .exitByQ = key == 'Q' && settings::IsOn(settings::kExitByQ)};
     if (!IsHostKey(static_cast<VirtualKey>(key), state)) {
         return false;
     }
@@ -33,34 +44,23 @@ bool Viewer::HandleKey(WPARAM key, KeyFocus focus) {
     if (PassKeyToHost(key)) {
         return true;
     }
-    const KeyPress press{.key = static_cast<VirtualKey>(key),
-                         .ctrl = IsKeyDown(VK_CONTROL),
-                         .shift = IsKeyDown(VK_SHIFT)};
-    if (const KeyBinding* binding = FindKey(press, focus, DescribeCommands())) {
-        return RunKey(*binding, press);
+    if (IsCommandKeyDown()) {
+        switch (key) {
+            case VK_ADD:
+            case VK_OEM_PLUS: OnFontStep(1); return true;
+            case VK_SUBTRACT:
+            case VK_OEM_MINUS: OnFontStep(-1); return true;
+            case VK_SPACE: grid_.ShowAllColumns(); return true;
+            case 'D': SetValuePaneShown(!settings_.valuePane); return true;
+            case VK_TAB:
+                SwitchTab(tab_ == ViewerTab::Data ? ViewerTab::Source : ViewerTab::Data);
+                return true;
+            default: break;
+        }
     }
-    if (key == VK_TAB && tab_ == ViewerTab::Data) {
-        MoveFocus(GetFocus(), press.shift);
-        return true;
-    }
-    return false;
-}
-
-bool Viewer::RunKey(const KeyBinding& binding, const KeyPress& press) {
-    switch (binding.action) {
-        case KeyAction::RunCommand: return RunCommand(static_cast<UINT>(binding.command));
-        case KeyAction::ShowHelp: help_.Show(window_, settings_.font.sourceFace, dpi_); return true;
-        case KeyAction::LargerFont: OnFontStep(1); return true;
-        case KeyAction::SmallerFont: OnFontStep(-1); return true;
-        case KeyAction::SwitchTab:
-            SwitchTab(tab_ == ViewerTab::Data ? ViewerTab::Source : ViewerTab::Data);
-            return true;
-        case KeyAction::MoveCell:
-            return GetFocus() == grid_.Window() && grid_.Navigate(press.key, press.ctrl);
-        case KeyAction::CopyAsPressed: CopyByKey(press.ctrl, press.shift); return true;
-        case KeyAction::BeginEdit: return true;  // no cell can be edited yet
-    }
-    return false;
+    // With Shift the list view extends the selection itself; the current row follows its focus.
+    return GetFocus() == grid_.Window() && !IsKeyDown(VK_SHIFT) &&
+           grid_.Navigate(key, IsCommandKeyDown());
 }
 
 Answer Viewer::OnKeyDown(WPARAM key) {

@@ -82,10 +82,10 @@ void Viewer::Adopt(detail::LoadedDoc& doc) {
 
 // The box pumps messages: the host may close the viewer from inside it.
 void Viewer::FailLoad(const std::wstring& error) {
-    const std::wstring_view sentence = error.empty() ? messages::kNotLoaded : error;
     loaded_ = false;
-    MessageBoxW(window_, std::wstring(sentence).c_str(), messages::kCaption.data(),
-                MB_OK | MB_ICONERROR);
+    // No copy of the sentence: this must work when memory has run out.
+    MessageBoxW(window_, error.empty() ? messages::kNotLoaded.data() : error.c_str(),
+                messages::kCaption.data(), MB_OK | MB_ICONERROR);
     if (!IsGone()) {
         DestroyWindow(window_);
     }
