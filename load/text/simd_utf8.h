@@ -9,13 +9,13 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <type_traits>
 
 namespace rl::simd {
 
-/// The unit type of the module's text; natively, where that is wider than 16 bits, a stand-in.
-using TextUnit = std::conditional_t<sizeof(wchar_t) == 2, wchar_t, uint16_t>;
+/// The 16-bit unit that kernels are instantiated for: the module's own; natively, where that is
+/// wider, the one that tests and benchmarks use in its place.
+using TextUnit = std::conditional_t<sizeof(wchar_t) == 2, wchar_t, char16_t>;
 
 struct KernelProgress {
     size_t read;     // bytes, always whole well-formed sequences
@@ -24,7 +24,7 @@ struct KernelProgress {
 
 /// Converts from `bytes[from]` on. `from` is the start of a sequence and everything before it is
 /// well formed. Writes to `out`, which has room for `room` units; units beyond `written` may be
-/// overwritten with anything. Instantiated for char16_t and `TextUnit`.
+/// overwritten with anything. Instantiated for `TextUnit`.
 template <typename Unit>
 KernelProgress Utf8ToUnitsSse2(const char* bytes, size_t size, size_t from, Unit* out, size_t room);
 template <typename Unit>

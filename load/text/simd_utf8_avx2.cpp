@@ -7,6 +7,8 @@
 // positions where sequences really end.
 #include <immintrin.h>
 
+#include <cstdint>
+
 #include "load/text/simd_utf8.h"
 
 namespace rl::simd {
@@ -248,7 +250,6 @@ KernelProgress Utf8ToUnitsAvx2(const char* bytes, size_t size, size_t from, Unit
     return {run.read - from, static_cast<size_t>(run.out - out)};
 }
 
-template KernelProgress Utf8ToUnitsAvx2<char16_t>(const char*, size_t, size_t, char16_t*, size_t);
 template KernelProgress Utf8ToUnitsAvx2<TextUnit>(const char*, size_t, size_t, TextUnit*, size_t);
 
 size_t CountUnitsAvx2(const char* bytes, size_t size) {

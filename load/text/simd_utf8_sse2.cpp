@@ -5,6 +5,7 @@
 #include <emmintrin.h>
 
 #include <bit>
+#include <cstdint>
 
 #include "load/text/simd_utf8.h"
 
@@ -125,7 +126,6 @@ KernelProgress Utf8ToUnitsSse2(const char* bytes, size_t size, size_t from, Unit
     return {run.read - from, static_cast<size_t>(run.out - out)};
 }
 
-template KernelProgress Utf8ToUnitsSse2<char16_t>(const char*, size_t, size_t, char16_t*, size_t);
 template KernelProgress Utf8ToUnitsSse2<TextUnit>(const char*, size_t, size_t, TextUnit*, size_t);
 
 size_t CountUnitsSse2(const char* bytes, size_t size) {

@@ -12,28 +12,30 @@ namespace rl {
 namespace {
 
 using utf::Progress;
+using Unit = simd::TextUnit;
+using Units = std::basic_string<Unit>;
 
 struct Converted {
     Progress progress;
-    std::u16string units;
+    Units units;
 
     bool operator==(const Converted&) const = default;
 };
 
 template <typename Convert>
 Converted Run(std::string_view bytes, size_t room, Convert convert) {
-    std::u16string units(room, u'?');
-    const Progress done = convert(bytes, std::span<char16_t>(units));
+    Units units(room, Unit{'?'});
+    const Progress done = convert(bytes, std::span<Unit>(units));
     units.resize(done.written);
     return {done, units};
 }
 
 Converted Scalar(std::string_view bytes, size_t room) {
-    return Run(bytes, room, utf::Utf8ToUnitsScalar<char16_t>);
+    return Run(bytes, room, utf::Utf8ToUnitsScalar<Unit>);
 }
 
-Converted Kernel(utf::Utf8Kernel<char16_t> kernel, std::string_view bytes, size_t room) {
-    return Run(bytes, room, [kernel](std::string_view in, std::span<char16_t> out) {
+Converted Kernel(utf::Utf8Kernel<Unit> kernel, std::string_view bytes, size_t room) {
+    return Run(bytes, room, [kernel](std::string_view in, std::span<Unit> out) {
         return utf::Utf8ToUnitsWith(kernel, in, out);
     });
 }
@@ -42,9 +44,9 @@ Converted Kernel(utf::Utf8Kernel<char16_t> kernel, std::string_view bytes, size_
 void ExpectSame(std::string_view bytes) {
     for (const size_t room : {bytes.size() + 1, bytes.size() / 2}) {
         const Converted expected = Scalar(bytes, room);
-        EXPECT_EQ(Kernel(simd::Utf8ToUnitsSse2<char16_t>, bytes, room), expected);
+        EXPECT_EQ(Kernel(simd::Utf8ToUnitsSse2<Unit>, bytes, room), expected);
         if (HasAvx2()) {
-            EXPECT_EQ(Kernel(simd::Utf8ToUnitsAvx2<char16_t>, bytes, room), expected);
+            EXPECT_EQ(Kernel(simd::Utf8ToUnitsAvx2<Unit>, bytes, room), expected);
         }
     }
 }
