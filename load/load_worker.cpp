@@ -97,8 +97,9 @@ bool LoadWorker::Start(LoadJob job) {
     if (IsRunning()) {
         return false;
     }
-    auto start = std::make_unique<ThreadStart>(std::move(job));
-    std::shared_ptr<detail::LoadedDoc> doc = start->job.doc;
+    std::shared_ptr<detail::LoadedDoc> doc = job.doc;
+    auto start = std::make_unique<ThreadStart>();
+    start->job = std::move(job);
     start->module = PinModule();
     if (start->module == nullptr) {
         return false;

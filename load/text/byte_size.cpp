@@ -9,7 +9,7 @@ namespace rl {
 namespace {
 
 constexpr int64_t kKibi = 1024;
-constexpr int64_t kMebi = 1024 * 1024;
+constexpr int64_t kMebi = kKibi * kKibi;
 
 /// `value` / `unit` with one decimal, rounded to nearest and halves to even, as "%.1f" does. `unit`
 /// is a power of two of at least 1,024, so a quotient is exact in binary and its halves are real.
@@ -25,7 +25,7 @@ std::wstring OneDecimal(int64_t value, int64_t unit) {
 }  // namespace
 
 std::wstring FormatByteSize(int64_t bytes) {
-    const std::wstring count = std::to_wstring(bytes) + L" bytes";
+    std::wstring count = std::to_wstring(bytes) + L" bytes";
     if (bytes < kKibi) {
         return count;
     }
