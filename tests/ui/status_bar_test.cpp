@@ -78,7 +78,7 @@ TEST(StatusBar, TellsWhatBecomesOfComments) {
     UiHost hidden({.ini = "skip-comments=2\n"});
     EXPECT_EQ(hidden.OpenText(kCommented).Status(2), L" Comments: hidden (2)");
     UiHost automatic({.ini = "skip-comments=3\n"});
-    EXPECT_EQ(automatic.OpenText(kCommented).Status(2), L" Comments: auto (2)");
+    EXPECT_EQ(automatic.OpenText(kCommented).Status(2), L" Comments: auto (1)");
 }
 
 TEST(StatusBar, TellsTheCurrentCell) {

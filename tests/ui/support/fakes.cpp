@@ -12,6 +12,8 @@ namespace rl::test {
 
 namespace {
 
+constexpr ULONGLONG kStoppedAt = 1'000'000;  // milliseconds
+
 std::unique_ptr<Fakes> current = std::make_unique<Fakes>();
 
 BOOL WINAPI FakeBeep(UINT sound) {
@@ -57,7 +59,7 @@ UINT WINAPI FakeDpi(HWND window) {
 }
 
 ULONGLONG WINAPI FakeClock() {
-    return GetTickCount64() + current->clockOffset;
+    return (current->clockStopped ? kStoppedAt : GetTickCount64()) + current->clockOffset;
 }
 
 BOOL WINAPI FakeRead(HANDLE file, LPVOID buffer, DWORD length, LPDWORD read, LPOVERLAPPED over) {

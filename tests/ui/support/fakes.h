@@ -37,6 +37,7 @@ struct Fakes {
     std::vector<HCURSOR> cursors;   // every SetCursor
     UINT dpi = 0;                   // 0: the system's own answer
     ULONGLONG clockOffset = 0;      // added to GetTickCount64, milliseconds
+    bool clockStopped = false;      // it stands at 1,000,000 then, plus the offset
     std::atomic<int> readDelay{0};  // before each ReadFile, milliseconds
     std::atomic<int> reads{0};      // how often ReadFile was called
 };

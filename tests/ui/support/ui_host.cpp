@@ -129,7 +129,9 @@ void UiHost::PassKeyGuard() {
     TheFakes().clockOffset += kKeyGuard;
 }
 
-LPARAM UiHost::LastKeyData() { return lastKeyData; }
+LPARAM UiHost::LastKeyData() {
+    return lastKeyData;
+}
 
 std::vector<WPARAM> UiHost::TakeKeys() {
     return std::exchange(handedKeys, {});
