@@ -4,6 +4,7 @@
 // was converted, and nearly no text does.
 #include "load/text/decode_text.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "load/text/ascii_case.h"
@@ -17,6 +18,7 @@ namespace rl {
 namespace {
 
 constexpr uint32_t kUtf8Page = 65001;
+constexpr size_t kStretch = size_t{4} << 20;  // bytes between two questions for abandonment
 
 std::wstring DecodePage(std::string_view bytes, uint32_t codePage) {
     return bytes.empty() ? std::wstring()
@@ -33,21 +35,67 @@ std::wstring DecodeUtf16(std::string_view bytes, utf::ByteOrder order) {
     return text;
 }
 
-/// The well-formed beginning of the bytes as text, and what is left of them.
+/// A guess, from samples, at the units that UTF-8 bytes convert to: close for a text that is alike
+/// all over, and then seldom too small. To count them all would cost a pass over
+/// bytes that have yet to come from memory.
+size_t GuessUnits(std::string_view bytes) {
+    constexpr size_t kSamples = 256;
+    constexpr size_t kSample = 512;
+    if (bytes.size() <= 2 * kSamples * kSample) {
+        return utf::CountUnits(bytes);
+    }
+    size_t counted = 0;
+    for (size_t sample = 0; sample < kSamples; ++sample) {
+        counted += utf::CountUnits(bytes.substr(bytes.size() / kSamples * sample, kSample));
+    }
+    const double share = static_cast<double>(counted) / (kSamples * kSample);
+    const auto guess = static_cast<size_t>(static_cast<double>(bytes.size()) * share);
+    return std::min(bytes.size(), guess + guess / 128);
+}
+
+/// The well-formed beginning of the bytes as text, and what is left of them; nothing is when the
+/// work was abandoned.
 struct Utf8Head {
-    std::wstring text;
+    std::wstring text = {};
     std::string_view rest;
 };
 
-Utf8Head DecodeUtf8Head(std::string_view bytes) {
-    Utf8Head head;
-    size_t read = 0;
-    head.text.resize_and_overwrite(bytes.size(), [bytes, &read](wchar_t* out, size_t size) {
-        const utf::Progress done = utf::Utf8ToUnits(bytes, {out, size});
-        read = done.read;
-        return done.written;
+/// Converts on behind the text, as far as the bytes are well formed and the text fits `room` units.
+void ExtendHead(Utf8Head& head, size_t room, const AbandonCheck& abandoned) {
+    const size_t held = head.text.size();
+    head.text.resize_and_overwrite(room, [&](wchar_t* out, size_t) {
+        size_t written = held;
+        bool goesOn = true;
+        while (goesOn && !head.rest.empty() && !IsAbandoned(abandoned)) {
+            const std::string_view part = head.rest.substr(0, kStretch);
+            const utf::Progress done = utf::Utf8ToUnits(part, {out + written, room - written});
+            written += done.written;
+            head.rest.remove_prefix(done.read);
+            // Less than a whole sequence left of the part: it was cut, not ill formed.
+            goesOn = done.read > 0 && part.size() - done.read < 4;
+        }
+        return written;
     });
-    head.rest = bytes.substr(read);
+}
+
+Utf8Head DecodeUtf8Head(std::string_view bytes, const AbandonCheck& abandoned) {
+    Utf8Head head{.rest = bytes};
+    const size_t room = GuessUnits(bytes);
+    ExtendHead(head, room, abandoned);
+    if (room - head.text.size() < 2 && !head.rest.empty()) {  // guessed too low
+        std::wstring larger;
+        const size_t enough = head.text.size() + utf::CountUnits(head.rest);
+        larger.reserve(enough);
+        larger = head.text;
+        head.text = std::move(larger);
+        ExtendHead(head, enough, abandoned);
+    }
+    if (head.text.capacity() - head.text.size() > head.text.size() / 100) {
+        head.text.shrink_to_fit();
+    }
+    if (!head.rest.empty() && IsAbandoned(abandoned)) {
+        head.rest = {};  // the slow ways of judging and showing it are not worth taking
+    }
     return head;
 }
 
@@ -59,7 +107,8 @@ std::wstring Complete(Utf8Head head) {
     return std::move(head.text);
 }
 
-std::wstring DecodeAs(std::string_view bytes, const TextEncoding& encoding) {
+std::wstring DecodeAs(std::string_view bytes, const TextEncoding& encoding,
+                      const AbandonCheck& abandoned) {
     if (EqualAsciiCase(encoding.name, labels::kUtf16Le)) {
         return DecodeUtf16(bytes, utf::ByteOrder::Little);
     }
@@ -67,7 +116,7 @@ std::wstring DecodeAs(std::string_view bytes, const TextEncoding& encoding) {
         return DecodeUtf16(bytes, utf::ByteOrder::Big);
     }
     if (EqualAsciiCase(encoding.name, labels::kUtf8)) {
-        return Complete(DecodeUtf8Head(bytes));
+        return Complete(DecodeUtf8Head(bytes, abandoned));
     }
     return DecodePage(bytes, encoding.codePage);
 }
@@ -81,8 +130,8 @@ uint32_t AnsiPage(std::string_view bytes, const EncodingRequest& request) {
 
 /// No mark and no NUL byte tell: UTF-8 when the bytes have its shape, else the code page.
 std::wstring DecodeUnmarked(std::string_view bytes, const EncodingRequest& request,
-                            TextEncoding& found) {
-    Utf8Head head = DecodeUtf8Head(bytes);
+                            TextEncoding& found, const AbandonCheck& abandoned) {
+    Utf8Head head = DecodeUtf8Head(bytes, abandoned);
     if (HasUtf8Shape(head.rest)) {
         found.name = labels::kUtf8;
         return Complete(std::move(head));
@@ -95,8 +144,8 @@ std::wstring DecodeUnmarked(std::string_view bytes, const EncodingRequest& reque
 
 }  // namespace
 
-std::wstring DecodeText(std::string_view bytes, const EncodingRequest& request,
-                        TextEncoding& found) {
+std::wstring DecodeText(std::string_view bytes, const EncodingRequest& request, TextEncoding& found,
+                        const AbandonCheck& abandoned) {
     found = TextEncoding();
     found.codePage = request.ansiCodePage;
     const ByteOrderMark mark = LeadingMark(bytes);
@@ -110,9 +159,9 @@ std::wstring DecodeText(std::string_view bytes, const EncodingRequest& request,
         found.name = LabelFromNulByte(bytes);
     }
     if (found.name.empty()) {
-        return DecodeUnmarked(bytes, request, found);
+        return DecodeUnmarked(bytes, request, found, abandoned);
     }
-    return DecodeAs(bytes.substr(found.hasBom ? mark.bytes.size() : 0), found);
+    return DecodeAs(bytes.substr(found.hasBom ? mark.bytes.size() : 0), found, abandoned);
 }
 
 }  // namespace rl
