@@ -69,6 +69,10 @@ bool CsvModel::IsModified() const {
     return state_->modified;
 }
 
+bool CsvModel::HasEditedCells() const {
+    return !state_->editedCells.empty();
+}
+
 void CsvModel::ClearModified() {
     state_->modified = false;
 }

@@ -70,6 +70,8 @@ public:
     [[nodiscard]] std::wstring_view LineEnding() const;  // "\r\n", "\n" or "\r"
     [[nodiscard]] int32_t HiddenCommentCount() const;
     [[nodiscard]] bool IsModified() const;
+    /// Whether some cell of a loaded row no longer says what its record says, saved or not.
+    [[nodiscard]] bool HasEditedCells() const;
     void ClearModified();
 
     TextEncoding encoding;  // found when decoding; used again to save

@@ -81,7 +81,8 @@ private:
             if (outline_ != nullptr && data == 0) {
                 MeasureOutlineName(viewRow, column);
             } else {
-                MeasureCell(rows_.CellText(viewRow, data), column);
+                rows_.Model().ReadCell(rows_.ModelRow(viewRow), data, cell_);
+                MeasureCell(cell_, column);
             }
         }
     }
@@ -145,6 +146,7 @@ private:
     const MeasureText& measure_;
     const OutlineSizing* outline_;
     ColumnMetrics out_;
+    std::wstring cell_;  // its room is used for every cell
 };
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "load/text/platform.h"
+#include "view/logic/case_fold.h"
 
 namespace rl {
 namespace {
@@ -90,29 +90,45 @@ FindAnswer CellFinder::Find(const ICellSource& cells, const FindRequest& request
     wholeWords_ = request.wholeWords;
     backwards_ = request.backwards;
 
+    if (!Walk(cells, request, place)) {
+        return {FindOutcome::AtEnd, -1, -1};
+    }
+    hit_ = place;
+    return {FindOutcome::Hit, place.row, place.column};
+}
+
+// Leaves `place` at the hit.
+bool CellFinder::Walk(const ICellSource& cells, const FindRequest& request, Place& place) {
+    const int32_t rows = cells.RowCount();
+    const int32_t columns = cells.ColumnCount();
+    const int32_t step = request.backwards ? -1 : 1;
+    const int32_t firstColumn = request.backwards ? columns - 1 : 0;
+    const size_t firstPosition = request.backwards ? kBehindLastUnit : 0;
     std::wstring wanted(request.text);
     if (!request.matchCase) {
-        platform::FoldCase(wanted);
+        FoldText(wanted);
     }
-    const int32_t step = request.backwards ? -1 : 1;
+    const auto mayHold = cells.MakeProbe(wanted, request.matchCase);
+    std::wstring cell;
     for (; place.row >= 0 && place.row < rows; place.row += step) {
-        for (; place.column >= 0 && place.column < columns; place.column += step) {
-            std::wstring cell = cells.CellText(place.row, place.column);
+        const bool possible = !mayHold || mayHold(place.row);
+        for (; possible && place.column >= 0 && place.column < columns; place.column += step) {
+            cells.ReadCell(place.row, place.column, cell);
             if (!request.matchCase) {
-                platform::FoldCase(cell);
+                FoldText(cell);
             }
             const std::optional<size_t> at =
                 FindInCell(cell, wanted, place.position, request.backwards, request.wholeWords);
             if (at) {
                 place.position = request.backwards ? *at : *at + wanted.size();
-                hit_ = place;
-                return {FindOutcome::Hit, place.row, place.column};
+                return true;
             }
-            place.position = request.backwards ? kBehindLastUnit : 0;
+            place.position = firstPosition;
         }
-        place.column = request.backwards ? columns - 1 : 0;
+        place.column = firstColumn;
+        place.position = firstPosition;
     }
-    return {FindOutcome::AtEnd, -1, -1};
+    return false;
 }
 
 }  // namespace rl

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,6 +37,18 @@ public:
     [[nodiscard]] virtual int32_t RowCount() const = 0;
     [[nodiscard]] virtual int32_t ColumnCount() const = 0;
     [[nodiscard]] virtual std::wstring CellText(int32_t row, int32_t column) const = 0;
+
+    /// The same, put into `out`, whose room is used again.
+    virtual void ReadCell(int32_t row, int32_t column, std::wstring& out) const {
+        out = CellText(row, column);
+    }
+
+    /// Answers quickly whether some cell of a row may hold the text; an empty function where that
+    /// is not known without looking.
+    [[nodiscard]] virtual std::function<bool(int32_t row)> MakeProbe(
+        [[maybe_unused]] std::wstring_view wanted, [[maybe_unused]] bool matchCase) const {
+        return {};
+    }
 
 protected:
     ICellSource() = default;
@@ -77,6 +90,8 @@ private:
     };
 
     [[nodiscard]] Place Start(const ICellSource& cells, const FindRequest& request) const;
+    [[nodiscard]] static bool Walk(const ICellSource& cells, const FindRequest& request,
+                                   Place& place);
 
     std::wstring text_;
     bool matchCase_ = false;

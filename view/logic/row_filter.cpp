@@ -1,6 +1,6 @@
 #include "view/logic/row_filter.h"
 
-#include "load/text/platform.h"
+#include "view/logic/case_fold.h"
 #include "view/logic/number_text.h"
 
 namespace rl {
@@ -9,7 +9,7 @@ ColumnFilter CompileFilter(std::wstring_view text, bool caseSensitive) {
     ColumnFilter filter;
     filter.operand = text;
     if (!caseSensitive) {
-        platform::FoldCase(filter.operand);
+        FoldText(filter.operand);
     }
     constexpr std::wstring_view kOperators = L"=!<>";
     if (text.size() > 1 && kOperators.find(filter.operand.front()) != std::wstring_view::npos) {
@@ -34,7 +34,7 @@ bool MatchesFilter(const ColumnFilter& filter, std::wstring& cell, bool caseSens
         }
     }
     if (!caseSensitive) {
-        platform::FoldCase(cell);
+        FoldText(cell);
     }
     switch (filter.op) {
         case L'=': return cell == filter.operand;

@@ -19,11 +19,12 @@ namespace rl {
 /// Negative, zero or positive: how two cells stand to each other in an ascending sort.
 [[nodiscard]] int CompareCells(std::wstring_view left, std::wstring_view right);
 
-/// Answers the cell that a row is sorted by.
-using CellOfRow = std::function<std::wstring(int32_t modelRow)>;
+/// Puts the cell that a row is sorted by into `cell`, whose room is used again.
+using CellOfRow = std::function<void(int32_t modelRow, std::wstring& cell)>;
 
 /// Puts rows in the order of their cells; rows that compare equal keep their order, descending
-/// too. Each row's cell is asked for once. A direction of 0 leaves the rows as they are.
+/// too. Each row's cell is asked for once in a column of numbers, and up to three times in others.
+/// A direction of 0 leaves the rows as they are.
 void SortRows(std::vector<int32_t>& rows, const CellOfRow& cellOf, int32_t direction);
 
 /// Merges runs of 1, 2, 4, ... positions: stable, and safe whatever `before` answers. What stands

@@ -1,6 +1,8 @@
 #include "view/logic/row_view.h"
 
 #include <algorithm>
+#include <numeric>
+#include <utility>
 
 #include "view/logic/row_sort.h"
 
@@ -45,10 +47,12 @@ void RowView::Compile() {
     }
 }
 
-bool RowView::Passes(int32_t modelRow, const std::vector<int32_t>& columns) const {
+// What is left of a row's way through the filters once its columns are known.
+bool RowView::Passes(int32_t modelRow, std::span<const int32_t> columns,
+                     std::wstring& scratch) const {
     return std::all_of(columns.begin(), columns.end(), [&](int32_t column) {
-        std::wstring cell = model_->CellText(modelRow, column);
-        return MatchesFilter(filters_[static_cast<size_t>(column)], cell, caseSensitive_);
+        model_->ReadCell(modelRow, column, scratch);
+        return MatchesFilter(filters_[static_cast<size_t>(column)], scratch, caseSensitive_);
     });
 }
 
@@ -59,26 +63,45 @@ void RowView::Rebuild() {
         Compile();
     }
     std::vector<int32_t> active;
+    std::vector<RecordProbe> probes;
     for (size_t column = 0; column < filters_.size(); ++column) {
-        if (filters_[column].IsActive()) {
-            active.push_back(static_cast<int32_t>(column));
+        const ColumnFilter& filter = filters_[column];
+        if (!filter.IsActive()) {
+            continue;
+        }
+        active.push_back(static_cast<int32_t>(column));
+        if (filter.op == 0 || filter.op == L'=') {  // what passes holds the operand
+            RecordProbe probe(*model_, filter.operand, caseSensitive_);
+            if (probe.IsUseful()) {
+                probes.push_back(std::move(probe));
+            }
         }
     }
+    CollectRows(active, probes);
+    if (sortColumn_ >= 0) {
+        SortRows(
+            visibleRows_,
+            [this](int32_t row, std::wstring& cell) { model_->ReadCell(row, sortColumn_, cell); },
+            sortDirection_);
+    }
+}
+
+void RowView::CollectRows(std::span<const int32_t> active, std::span<const RecordProbe> probes) {
     const int32_t rowCount = model_->RowCount();
     const int32_t firstRow = hasHeaderRow_ && rowCount > 0 ? 1 : 0;
     visibleRows_.clear();
     if (active.empty()) {
-        visibleRows_.reserve(static_cast<size_t>(std::max(0, rowCount - firstRow)));
+        visibleRows_.resize(static_cast<size_t>(std::max(0, rowCount - firstRow)));
+        std::iota(visibleRows_.begin(), visibleRows_.end(), firstRow);
+        return;
     }
+    std::wstring scratch;
     for (int32_t row = firstRow; row < rowCount; ++row) {
-        if (Passes(row, active)) {
+        const bool possible = std::all_of(probes.begin(), probes.end(),
+                                          [&](const auto& probe) { return probe.MayHold(row); });
+        if (possible && Passes(row, active, scratch)) {
             visibleRows_.push_back(row);
         }
-    }
-    if (sortColumn_ >= 0) {
-        SortRows(
-            visibleRows_, [this](int32_t row) { return model_->CellText(row, sortColumn_); },
-            sortDirection_);
     }
 }
 

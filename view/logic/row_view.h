@@ -4,11 +4,13 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "model/table_model.h"
+#include "view/logic/record_probe.h"
 #include "view/logic/row_filter.h"
 
 namespace rl {
@@ -46,7 +48,9 @@ public:
 
 private:
     void Compile();
-    [[nodiscard]] bool Passes(int32_t modelRow, const std::vector<int32_t>& columns) const;
+    void CollectRows(std::span<const int32_t> active, std::span<const RecordProbe> probes);
+    [[nodiscard]] bool Passes(int32_t modelRow, std::span<const int32_t> columns,
+                              std::wstring& scratch) const;
 
     const ITableModel* model_;
     bool hasHeaderRow_;

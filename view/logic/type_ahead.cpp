@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <span>
 
-#include "load/text/platform.h"
+#include "view/logic/case_fold.h"
 
 namespace rl {
 namespace {
@@ -12,7 +12,7 @@ bool BeginsWith(std::wstring& text, const std::wstring& loweredPrefix) {
     if (text.size() < loweredPrefix.size()) {
         return false;
     }
-    platform::FoldCase(std::span(text).first(loweredPrefix.size()));
+    FoldText(std::span(text).first(loweredPrefix.size()));
     return text.starts_with(loweredPrefix);
 }
 
@@ -29,7 +29,7 @@ std::optional<int32_t> TypeAhead::Type(wchar_t unit, uint64_t nowMs, int32_t cur
     lastMs_ = nowMs;
     const bool isFirst = prefix_.empty();
     prefix_.push_back(unit);
-    platform::FoldCase(prefix_);
+    FoldText(prefix_);
 
     const bool inside = currentRow >= 0 && currentRow < rowCount;
     const int64_t start = !inside ? 0 : int64_t{currentRow} + (isFirst ? 1 : 0);
