@@ -288,6 +288,14 @@ TEST(CsvModel, ForgetsEverythingWhenParsedAnew) {
     EXPECT_EQ(model.Serialize(), L"x,y\nz,w\n");
 }
 
+TEST(CsvModel, SplitsTheRecordsOfTheNewTextWhenParsedAnew) {
+    CsvModel model;
+    ASSERT_TRUE(model.Parse(L"long,b\n", {}));
+    EXPECT_EQ(model.CellText(0, 1), L"b");
+    ASSERT_TRUE(model.Parse(L"x,yz\n", {}));
+    EXPECT_EQ(model.CellText(0, 1), L"yz");
+}
+
 TEST(CsvModel, StopsParsingWhenNobodyWantsTheResult) {
     std::wstring text;
     while (text.size() < size_t{12} << 20) {
