@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "tests/support/allocation_limit.h"
 #include "tests/support/temp_folder.h"
 
 namespace rl {
@@ -202,6 +203,45 @@ TEST_F(LoadWorkerTest, CanBeAbandonedBeforeAndAfter) {
     worker.Abandon();
 
     EXPECT_FALSE(doc->abandoned) << "a document that was handed over is none of its business";
+}
+
+TEST_F(LoadWorkerTest, FailsWithASentenceWhenTheBytesDoNotFit) {
+    const LoadJob job = JobFor(folder.Write(L"a.csv", std::string(3'000'000, 'x')));
+    const test::AllocationLimit limit(2'000'000);
+    RunLoad(job);
+
+    EXPECT_EQ(doc->csvModel, nullptr);
+    EXPECT_EQ(doc->error, L"The file could not be loaded.");
+}
+
+TEST_F(LoadWorkerTest, FailsWithASentenceWhenTheTextDoesNotFit) {
+    const LoadJob job = JobFor(folder.Write(L"a.csv", std::string(3'000'000, 'x')));
+    const test::AllocationLimit limit(4'000'000);
+    RunLoad(job);
+
+    EXPECT_EQ(doc->csvModel, nullptr);
+    EXPECT_EQ(doc->error, L"The file could not be loaded.");
+}
+
+TEST_F(LoadWorkerTest, FailsWithASentenceWhenTheRecordsDoNotFit) {
+    const LoadJob job = JobFor(folder.Write(L"a.csv", std::string(1'000'000, '\n')));
+    const test::AllocationLimit limit(2'100'000);
+    RunLoad(job);
+
+    EXPECT_EQ(doc->csvModel, nullptr);
+    EXPECT_EQ(doc->error, L"The file could not be loaded.");
+}
+
+TEST_F(LoadWorkerTest, TellsTheViewerThatMemoryRanOut) {
+    const LoadJob job = JobFor(folder.Write(L"a.csv", std::string(3'000'000, 'x')));
+    LoadWorker worker;
+    {
+        const test::AllocationLimit limit(2'000'000);
+        ASSERT_TRUE(worker.Start(job));
+        ASSERT_TRUE(mailbox.Wait());
+        worker.Join();
+    }
+    EXPECT_EQ(doc->error, L"The file could not be loaded.");
 }
 
 TEST_F(LoadWorkerTest, LeavesNoHandleBehind) {

@@ -119,7 +119,7 @@ TEST_F(SettingsStoreTest, ReadsFilesInEveryEncoding) {
     UsePlugin("[rowlark]\na=ansi: \xE9\n");
     EXPECT_EQ(Get(L"a"), L"ansi: \x00E9");
 
-    UsePlugin(std::string("\xFF\xFE[\0r\0o\0w\0l\0a\0r\0k\0]\0\n\0a\0=\0\x16\x04", 30));
+    UsePlugin(std::string("\xFF\xFE[\0r\0o\0w\0l\0a\0r\0k\0]\0\n\0a\0=\0\x16\x04", 28));
     EXPECT_EQ(Get(L"a"), L"\x0416");
 }
 
