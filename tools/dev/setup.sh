@@ -3,7 +3,7 @@
 # What it takes to build the module and open a file in it.
 readonly view_packages=(
   ccache cmake ninja-build g++ git
-  g++-mingw-w64-x86-64-posix googletest wine wine64 xvfb xauth x11-utils
+  g++-mingw-w64-x86-64-posix googletest wine wine64 fonts-wine xvfb xauth x11-utils
   fonts-liberation fonts-dejavu-core fonts-open-sans fonts-inconsolata
 )
 # What it takes to work on it: tests, fuzzers, lint and benchmarks besides.
@@ -40,21 +40,42 @@ quiet_wine() {
   timeout 120 "$@" </dev/null >/dev/null 2>&1 3>&-
 }
 
-# The mark holds the settings that the prefix was made with: when they change, they are read again.
+# make_wine_prefix NAME FILE...: a prefix in build/NAME with the settings of the files. The mark
+# holds what it was made with: when that changes, it is read again.
 make_wine_prefix() {
-  local mark=build/wine/rowlark-ready
-  cmp -s tools/dev/prefix.reg "$mark" && return 0
+  local prefix=$PWD/build/$1 mark=build/$1/rowlark-ready file
+  shift
+  cat "$@" | cmp -s - "$mark" && return 0
   mkdir -p build
-  echo "setup: making the Wine prefix in build/wine"
-  # Neither Mono nor Gecko: they ask to be downloaded and nothing here needs them.
-  DISPLAY='' WINEDLLOVERRIDES="mscoree,mshtml=" quiet_wine wineboot -u || true
-  DISPLAY='' quiet_wine wine regedit tools/dev/prefix.reg
-  # Ended rather than waited for: an older server may have been told to stay.
-  quiet_wine wineserver -k || true
-  cp tools/dev/prefix.reg "$mark"
+  echo "setup: making the Wine prefix in $prefix"
+  (
+    export WINEPREFIX=$prefix DISPLAY=''
+    # Neither Mono nor Gecko: they ask to be downloaded and nothing here needs them.
+    WINEDLLOVERRIDES="mscoree,mshtml=" quiet_wine wineboot -u || true
+    for file in "$@"; do
+      quiet_wine wine regedit "$file"
+    done
+    # Ended rather than waited for: an older server may have been told to stay.
+    quiet_wine wineserver -k || true
+  )
+  # The signs on window buttons; Wine does not look for this font where Debian puts it.
+  cp /usr/share/wine/fonts/marlett.ttf "$prefix/drive_c/windows/Fonts/"
+  # A drive of the project's own: pictures show the same paths wherever it lies.
+  ln -sfn ../../.. "$prefix/dosdevices/r:"
+  cat "$@" >"$mark"
+}
+
+# For tests and screenshots, on displays of their own.
+make_test_prefix() {
+  make_wine_prefix wine tools/dev/prefix.reg tools/dev/prefix-headless.reg
+}
+
+# For windows on the user's screen: they live on while tests run.
+make_screen_prefix() {
+  make_wine_prefix wine-screen tools/dev/prefix.reg
 }
 
 cmd_setup() {
   install_packages
-  make_wine_prefix
+  make_test_prefix
 }

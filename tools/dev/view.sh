@@ -4,7 +4,6 @@ readonly lister=build/mingw-release/tools/lister/lister.exe
 
 build_lister() {
   install_packages "${view_packages[@]}"
-  make_wine_prefix
   build_preset mingw-release rowlark rowlark_lister >build/lister.log 2>&1 || {
     cat build/lister.log >&2
     return 1
@@ -25,7 +24,7 @@ translate_arguments() {
   for argument in "$@"; do
     case $previous in
       --ini | --screenshot | --module) argument=$(windows_path "$argument") ;;
-      --theme | --size | --dpi) ;;
+      --theme | --find | --size | --dpi) ;;
       *) [ "${argument#-}" != "$argument" ] || argument=$(windows_path "$argument") ;;
     esac
     lister_arguments+=("$argument")
@@ -42,12 +41,8 @@ run_lister() {
   return $result
 }
 
-# take_shot PNG ARGUMENT...: the display must be there already. PNG is relative to the project.
 take_shot() {
-  local png=$PWD/$1
-  shift
-  mkdir -p "$(dirname "$png")"
-  run_lister timeout 180 wine "$lister" --screenshot "Z:${png//\//\\}" "$@"
+  run_lister timeout 180 wine "$lister" "$@"
 }
 
 cmd_view() {
@@ -55,15 +50,19 @@ cmd_view() {
     echo "usage: ./dev view FILE [OPTION...]   open FILE in our own Lister window (--help: options)" >&2
     return 2
   }
+  mkdir -p build
   build_lister
   translate_arguments "$@"
-  if [ "$1" = --help ]; then
-    run_lister timeout 60 wine "$lister" --help
-  elif has_display; then
-    run_lister wine "$lister" "${lister_arguments[@]}"
+  if has_display; then
+    make_screen_prefix
+    WINEPREFIX=$PWD/build/wine-screen run_lister wine "$lister" "${lister_arguments[@]}"
+  elif [ "$1" = --help ]; then
+    make_test_prefix
+    take_shot --help
   else
+    make_test_prefix
     start_display
-    take_shot build/view.png "${lister_arguments[@]}"
+    take_shot "${lister_arguments[@]}" --screenshot "$(windows_path "$PWD/build/view.png")"
     echo "$PWD/build/view.png"
   fi
 }
@@ -73,25 +72,36 @@ cmd_shot() {
     echo "usage: ./dev shot FILE PNG [OPTION...]   write a screenshot of FILE in the Lister" >&2
     return 2
   }
-  build_lister
   local file=$1 png=$2
   shift 2
+  mkdir -p build
+  build_lister
+  make_test_prefix
   translate_arguments "$file" --screenshot "$png" "$@"
   start_display
-  run_lister timeout 180 wine "$lister" "${lister_arguments[@]}"
+  take_shot "${lister_arguments[@]}"
 }
 
-# The pictures of README and docs: name, file, options.
+# picture NAME SAMPLE OPTION...
+picture() {
+  local name=$1 sample=$2
+  shift 2
+  take_shot "R:\\samples\\$sample" --screenshot "R:\\docs\\images\\$name.png" "$@"
+  echo "docs/images/$name.png"
+}
+
+# The pictures of README and docs, each made by one line here.
 cmd_shots() {
+  mkdir -p build docs/images
   build_lister
+  make_test_prefix
   start_display
-  local size=900x520
-  take_shot docs/images/table.png samples/people.csv --theme Light --size $size
-  take_shot docs/images/numbers.png samples/measurements.csv --theme Paper --size $size
-  take_shot docs/images/dark.png samples/people.csv --theme Dark --size $size
-  take_shot docs/images/midnight.png samples/measurements.csv --theme Midnight --size $size
-  take_shot docs/images/solarized-dark.png samples/orders.csv --theme "Solarized Dark" --size $size
-  take_shot docs/images/dpi-144.png samples/people.csv --theme Light --dpi 144 --size 1300x760
-  take_shot docs/images/quick-view.png samples/people.csv --theme Light --quick-view --size $size
-  ls -l docs/images
+  local size=1100x560
+  picture table people.csv --theme Light --size $size --find vries
+  picture numbers measurements.csv --theme Paper --size $size --find 22.80
+  picture dark people.csv --theme Dark --size $size --find plovdiv
+  picture midnight orders.csv --theme Midnight --size $size --find tört
+  picture solarized-dark rivers.tsv --theme "Solarized Dark" --size $size --find vistula
+  picture dpi-144 people.csv --theme Light --dpi 144 --size 1500x800 --find "two lines"
+  picture quick-view people.csv --theme Light --quick-view --size $size
 }

@@ -45,7 +45,11 @@ constexpr KeyCommand kKeys[] = {
 }  // namespace
 
 ListerWindow::ListerWindow(const PluginModule& module, const Options& options)
-    : module_(module), options_(options), viewer_(module) {}
+    : module_(module),
+      options_(options),
+      viewer_(module),
+      search_{.text = options.find},
+      searchWaits_(!options.find.empty()) {}
 
 ListerWindow::~ListerWindow() {
     if (window_ != nullptr && IsWindow(window_)) {
@@ -128,7 +132,11 @@ bool ListerWindow::Open(const fs::path& file) {
     return isOpen;
 }
 
-void ListerWindow::NoticeVanishedViewer() {
+void ListerWindow::NoticeViewer() {
+    if (searchWaits_ && viewer_.IsLoaded()) {
+        searchWaits_ = false;
+        Find(search_.Flags() | kFindFirst);
+    }
     if (viewer_.TakeVanished()) {
         ShowTitle(L"could not be loaded");
         InvalidateRect(window_, nullptr, TRUE);

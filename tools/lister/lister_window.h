@@ -29,8 +29,9 @@ public:
     /// Shows the file in place of the present one; false when the plugin declines it.
     bool Open(const std::filesystem::path& file);
 
-    /// To be called between messages: a viewer whose file cannot be loaded goes by itself.
-    void NoticeVanishedViewer();
+    /// To be called between messages: notices a viewer that has gone by itself because its file
+    /// cannot be loaded, and one that is ready to be searched.
+    void NoticeViewer();
 
     [[nodiscard]] HWND Window() const { return window_; }
     [[nodiscard]] const ViewerSlot& Viewer() const { return viewer_; }
@@ -59,6 +60,7 @@ private:
     ViewerSlot viewer_;
     QuickView quickView_;
     Search search_;
+    bool searchWaits_ = false;  // for the file to be shown
     std::filesystem::path file_;
     HWND window_ = nullptr;
     HWND lastFocus_ = nullptr;  // the control to return to when the window is activated again

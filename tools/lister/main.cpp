@@ -26,7 +26,7 @@ int RunMessages(ListerWindow& lister, bool headless) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
-        lister.NoticeVanishedViewer();
+        lister.NoticeViewer();
         if (headless && ModuleSetup::MessageBoxCount() > 0) {
             return kFailure;
         }

@@ -60,6 +60,7 @@ constexpr ValueOption kValueOptions[] = {
     {L"--screenshot", &Store<&Options::screenshot>},
     {L"--ini", &Store<&Options::ini>},
     {L"--theme", &Store<&Options::theme>},
+    {L"--find", &Store<&Options::find>},
     {L"--module", &Store<&Options::module>},
     {L"--size", &ParseSize},
     {L"--dpi", &ParseDpi},
@@ -119,6 +120,7 @@ const wchar_t* UsageText() {
   --screenshot PNG   write a picture of the window, then end
   --size WxH         size of the window with its frame (1000x700)
   --theme NAME       Light, Paper, Dark, Midnight or Solarized Dark
+  --find TEXT        search as soon as the file is shown
   --ini PATH         settings for this run instead of those beside the module
   --dpi N            let the viewer lay itself out for N dots per inch
   --quick-view       as in the quick-view panel: beside a list of files, without the focus

@@ -10,6 +10,7 @@ struct Options {
     std::wstring file;
     std::wstring screenshot;  // PNG to write before ending; empty: an ordinary window
     std::wstring ini;         // settings for this run; empty: those beside the module
+    std::wstring find;        // searched for as soon as the file is shown
     std::wstring theme;       // empty: as the settings say
     std::wstring module;      // empty: look beside the program and in the build folder
     int width = 1000;         // the window with its frame, pixels

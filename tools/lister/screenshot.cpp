@@ -64,6 +64,7 @@ int TakeScreenshot(ListerWindow& lister, const std::wstring& png) {
     if (!WaitUntilLoaded(lister)) {
         return Fail(L"the file was not shown");
     }
+    lister.NoticeViewer();
     WaitUntilPainted(lister.Window());
     if (ModuleSetup::MessageBoxCount() > 0) {
         return Fail(L"the plugin showed a message");
