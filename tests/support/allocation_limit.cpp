@@ -7,12 +7,28 @@
 
 namespace {
 
-std::atomic<size_t> largest = SIZE_MAX;
+constexpr size_t kUnlimited = SIZE_MAX;
+
+std::atomic<size_t> remaining = kUnlimited;
+
+/// Takes `size` bytes off what remains; false, and nothing taken, when that is too little.
+bool TakeFromLimit(size_t size) noexcept {
+    size_t before = remaining;
+    do {
+        if (before == kUnlimited) {
+            return true;
+        }
+        if (size > before) {
+            return false;
+        }
+    } while (!remaining.compare_exchange_weak(before, before - size));
+    return true;
+}
 
 }  // namespace
 
 void* operator new(size_t size) {
-    void* memory = size > largest ? nullptr : std::malloc(size == 0 ? 1 : size);
+    void* memory = TakeFromLimit(size) ? std::malloc(size == 0 ? 1 : size) : nullptr;
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
@@ -29,10 +45,10 @@ void operator delete(void* memory, size_t) noexcept {
 namespace rl::test {
 
 AllocationLimit::AllocationLimit(size_t bytes) {
-    largest = bytes;
+    remaining = bytes;
 }
 AllocationLimit::~AllocationLimit() {
-    largest = SIZE_MAX;
+    remaining = kUnlimited;
 }
 
 }  // namespace rl::test

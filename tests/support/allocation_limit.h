@@ -1,7 +1,8 @@
 // Lets memory run out where a test wants it to.
 //
-// A program that links this has an operator new of its own. While a limit stands, any single
-// allocation above it throws std::bad_alloc, on every thread.
+// A program that links this has an operator new of its own. While a limit stands, it hands out so
+// many bytes more, on all threads together, and then throws std::bad_alloc. Memory given back does
+// not count again.
 #pragma once
 
 #include <cstddef>

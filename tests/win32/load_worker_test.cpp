@@ -225,7 +225,7 @@ TEST_F(LoadWorkerTest, FailsWithASentenceWhenTheTextDoesNotFit) {
 
 TEST_F(LoadWorkerTest, FailsWithASentenceWhenTheRecordsDoNotFit) {
     const LoadJob job = JobFor(folder.Write(L"a.csv", std::string(1'000'000, '\n')));
-    const test::AllocationLimit limit(2'100'000);
+    const test::AllocationLimit limit(10'000'000);
     RunLoad(job);
 
     EXPECT_EQ(doc->csvModel, nullptr);
