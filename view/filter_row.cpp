@@ -76,6 +76,7 @@ void FilterRow::MakeBox(int gridColumn) {
         return;  // the filter itself stays in force
     }
     slot.text.clear();
+    names_.Set(slot.box, L"Filter: " + slot.name);
     SetControlFont(slot.box, look_.normal);
     slot.subclass.Attach(slot.box,
                          [this](HWND box, const Message& in) { return OnBoxMessage(box, in); });
@@ -91,6 +92,7 @@ void FilterRow::DropBox(Slot& slot) {
     if (slot.box != nullptr) {
         const FlagScope own(quiet_);
         slot.text = WindowText(slot.box);
+        names_.Clear(slot.box);
         slot.subclass.Remove();
         DestroyWindow(std::exchange(slot.box, nullptr));
         slot.place = {};
@@ -98,6 +100,9 @@ void FilterRow::DropBox(Slot& slot) {
 }
 
 void FilterRow::DropAll() {
+    if (ColumnOf(GetFocus()) >= 0) {
+        SetFocus(grid_);
+    }
     for (Slot& slot : slots_) {
         DropBox(slot);
     }
@@ -192,6 +197,7 @@ Answer FilterRow::OnBoxMessage(HWND box, const Message& in) {
             PaintHint(box);
             return result;
         }
+        case WM_DESTROY: names_.Clear(box); return std::nullopt;
         case WM_SETFOCUS:
         case WM_KILLFOCUS: InvalidateRect(box, nullptr, TRUE); return std::nullopt;
         case WM_CHAR:

@@ -14,7 +14,7 @@
 #include <string_view>
 
 #include "host/config/themes.h"
-#include "view/gdi_handles.h"
+#include "view/accessible_name.h"
 #include "view/grid.h"
 #include "view/logic/filter_plan.h"
 #include "view/message.h"
@@ -92,6 +92,7 @@ private:
     Answer OnBoxMessage(HWND box, const Message& in);
     void PaintHint(HWND box) const;
 
+    AccessibleNames names_;
     HWND parent_ = nullptr;
     IFilterRowListener* listener_ = nullptr;
     Look look_;

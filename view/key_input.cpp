@@ -58,9 +58,13 @@ bool Viewer::HandleKey(WPARAM key, KeyFocus focus) {
             default: break;
         }
     }
-    // With Shift the list view extends the selection itself; the current row follows its focus.
+    if (key == VK_TAB && tab_ == ViewerTab::Data) {
+        MoveFocus(GetFocus(), IsKeyDown(VK_SHIFT));
+        return true;
+    }
+    // With Shift the list view extends its selection, and the current cell follows.
     return GetFocus() == grid_.Window() && !IsKeyDown(VK_SHIFT) &&
-           grid_.Navigate(key, IsCommandKeyDown());
+           grid_.Navigate(key, IsKeyDown(VK_CONTROL));
 }
 
 Answer Viewer::OnKeyDown(WPARAM key) {

@@ -159,8 +159,9 @@ TEST(Arrows, ExtendTheSelectionInsteadWithShift) {
     const Viewer viewer = host.OpenText(kTable);
     Click(viewer.Grid(), viewer.CellCenter(0, 1));
 
+    Key(VK_DOWN, {VK_SHIFT});
+    EXPECT_EQ(viewer.SelectedRows(), (std::vector<int>{0, 1}));
     Key(VK_END, {VK_SHIFT});
-
     EXPECT_EQ(viewer.SelectedRows(), (std::vector<int>{0, 1, 2}));
 }
 
