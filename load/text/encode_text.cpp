@@ -4,11 +4,14 @@
 #include "load/text/ascii_case.h"
 #include "load/text/detect_encoding.h"
 #include "load/text/platform.h"
+#include "load/text/single_byte_page.h"
 #include "load/text/utf.h"
 
 namespace rl {
 
 namespace {
+
+constexpr size_t kWorthATable = 0x10000;  // units; a table costs about as much as encoding these
 
 /// Fills `bytes` with the mark, if any, and room for `size` more, which `write` fills.
 template <typename Write>
@@ -23,6 +26,12 @@ void PutBytes(std::string_view mark, size_t size, std::string& bytes, Write writ
 bool PutAnsi(std::wstring_view text, uint32_t codePage, std::string& bytes) {
     if (text.empty()) {
         return true;
+    }
+    if (text.size() >= kWorthATable) {
+        const std::optional<SingleBytePage> page = SingleBytePage::Make(codePage);
+        if (page && page->Encode(text, bytes)) {
+            return true;
+        }
     }
     std::optional<std::string> encoded = platform::EncodeCodePage(text, codePage);
     if (!encoded) {

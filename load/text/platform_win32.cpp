@@ -29,6 +29,17 @@ constexpr bool ConvertsWithoutCheck(UINT codePage) {
            (codePage >= 50220 && codePage <= 50229) || (codePage >= 57002 && codePage <= 57011);
 }
 
+/// The text when it fits `room` units and the page is there; else none, and the system knows why.
+std::wstring DecodeInto(std::string_view bytes, UINT codePage, int room) {
+    std::wstring text;
+    text.resize_and_overwrite(static_cast<size_t>(std::max(room, 0)), [&](wchar_t* out, size_t) {
+        const int written = MultiByteToWideChar(codePage, 0, bytes.data(),
+                                                static_cast<int>(bytes.size()), out, room);
+        return static_cast<size_t>(std::max(written, 0));
+    });
+    return text;
+}
+
 int CompareOrdinal(std::wstring_view left, std::wstring_view right) {
     const int order = left.compare(right);
     return order < 0 ? -1 : order > 0 ? 1 : 0;
@@ -41,16 +52,21 @@ std::optional<std::wstring> DecodeCodePage(std::string_view bytes, uint32_t code
         return std::wstring();
     }
     const std::optional<int> length = SystemLength(bytes.size());
-    const int units =
-        length ? MultiByteToWideChar(codePage, 0, bytes.data(), *length, nullptr, 0) : 0;
-    if (units <= 0) {
+    if (!length) {
         return std::nullopt;
     }
-    std::wstring text;
-    text.resize_and_overwrite(static_cast<size_t>(units), [&](wchar_t* out, size_t) {
-        const int written = MultiByteToWideChar(codePage, 0, bytes.data(), *length, out, units);
-        return static_cast<size_t>(std::max(written, 0));
-    });
+    // No page known gives more units than bytes, and one that does is asked for its size.
+    std::wstring text = DecodeInto(bytes, codePage, *length);
+    if (text.empty() && GetLastError() == ERROR_INSUFFICIENT_BUFFER) {
+        const int units = MultiByteToWideChar(codePage, 0, bytes.data(), *length, nullptr, 0);
+        text = DecodeInto(bytes, codePage, units);
+    }
+    if (text.empty()) {
+        return std::nullopt;
+    }
+    if (text.capacity() - text.size() > text.size() / 100) {
+        text.shrink_to_fit();
+    }
     return text;
 }
 
