@@ -49,6 +49,7 @@ TEST(IniText, SkipsCommentsOfBothKinds) {
     EXPECT_EQ(ValueIn(kText, L"a"), std::nullopt);
     EXPECT_EQ(ValueIn(kText, L";a"), std::nullopt);
     EXPECT_EQ(ValueIn(kText, L"b"), std::nullopt);
+    EXPECT_EQ(ValueIn(kText, L"#b"), std::nullopt);
     EXPECT_EQ(ValueIn(kText, L"c"), std::nullopt);
     EXPECT_EQ(ValueIn(kText, L"d"), std::nullopt);
     EXPECT_EQ(ValueIn(kText, L"e"), L"5");
