@@ -1,6 +1,8 @@
 // Key messages: those of the host first, then ours.
 #include "view/viewer.h"
 
+#include <algorithm>
+
 #include "host/store/settings.h"
 #include "view/control.h"
 #include "view/logic/host_keys.h"
@@ -22,15 +24,14 @@ bool IsCommandKeyDown() {
 }  // namespace
 
 bool Viewer::PassKeyToHost(WPARAM key) {
-    const HostKeyState state{
-        .msSinceCreation = GetTickCount64() - createdAt_,
-        .focusInside = HasFocusInside(),
-        .focusInFilterBox = false,
-        .ctrl = IsCommandKeyDown(),
-        // Each look-up asks for the stamps of two files: only where it counts.
-        .disableNumKeys = key >= '1' && key <= '8' && settings::IsOn(settings::kDisableNumKeys),
-        .disableNpKeys = (key == 'N' || key == 'P') && settings::IsOn(settings::kDisableNpKeys),
-        .exitByQ = key == 'Q' && settings::IsOn(settings::kExitByQ)};
+    const uint64_t now = GetTickCount64();
+    const HostKeyState state{.msSinceCreation = now - std::min(now, createdAt_),
+                             .focusInside = HasFocusInside(),
+                             .focusInFilterBox = filters_.ColumnOf(GetFocus()) >= 0,
+                             .ctrl = IsKeyDown(VK_CONTROL),
+                             .disableNumKeys = settings::IsOn(settings::kDisableNumKeys),
+                             .disableNpKeys = settings::IsOn(settings::kDisableNpKeys),
+                             .exitByQ = settings::IsOn(settings::kExitByQ)};
     if (!IsHostKey(static_cast<VirtualKey>(key), state)) {
         return false;
     }
