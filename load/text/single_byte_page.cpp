@@ -48,16 +48,17 @@ std::optional<SingleBytePage> SingleBytePage::Make(uint32_t codePage) {
     return page.Fill(*units, codePage) ? std::optional(std::move(page)) : std::nullopt;
 }
 
-/// Asks the system for each unit by itself, so that no neighbour has a say.
+/// Asks the system for each unit by itself, so that no neighbour has a say. False unless ASCII
+/// stands for itself and something for the bytes beyond.
 bool SingleBytePage::Fill(std::wstring_view units, uint32_t codePage) {
+    size_t beyondAscii = 0;
     for (size_t at = 0; at < units.size(); ++at) {
         const std::optional<std::string> byte =
             platform::EncodeCodePage(units.substr(at, 1), codePage);
         if (byte && byte->size() == 1) {
             const auto unit = static_cast<uint16_t>(units[at]);
             byteOf_[unit] = static_cast<uint8_t>(byte->front());
-        } else if (at < 0x80) {
-            return false;
+            beyondAscii += unit >= 0x80 ? 1 : 0;
         }
     }
     for (size_t ascii = 0; ascii < 0x80; ++ascii) {
@@ -65,7 +66,7 @@ bool SingleBytePage::Fill(std::wstring_view units, uint32_t codePage) {
             return false;
         }
     }
-    return true;
+    return beyondAscii > 0;
 }
 
 /// How much of the text the table holds; that much is written.
