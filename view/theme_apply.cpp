@@ -1,6 +1,8 @@
 // Colours and fonts, from the settings into the controls.
 #include "view/viewer.h"
 
+#include <algorithm>
+
 #include "host/store/settings.h"
 #include "view/control.h"
 
@@ -8,6 +10,9 @@ namespace rl {
 
 void Viewer::LoadTheme() {
     const Theme& theme = settings::CurrentTheme();
+    const auto themes = BuiltInThemes();
+    themeIndex_ =
+        static_cast<int>(std::ranges::find(themes, theme.name, &Theme::name) - themes.begin());
     const IntLookup lookup = settings::ColorLookup();
     colors_ = LoadThemeColors(lookup, theme);
     sourceColors_ = LoadSourceColors(lookup, theme, colors_);

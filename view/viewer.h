@@ -236,6 +236,7 @@ private:
     ViewerFonts fonts_;
     ThemeColors colors_;
     SourceColors sourceColors_;
+    int themeIndex_ = 0;  // into the built-in themes
     Brushes brushes_;
 
     HWND placeholder_ = nullptr;

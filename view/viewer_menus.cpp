@@ -4,21 +4,7 @@
 // Needs the types of windows.h.
 #include <commctrl.h>
 
-#include <algorithm>
-
-#include "host/store/settings.h"
-
 namespace rl {
-
-namespace {
-
-int ThemeIndex(const Theme& theme) {
-    const auto themes = BuiltInThemes();
-    const auto found = std::ranges::find(themes, theme.name, &Theme::name);
-    return static_cast<int>(found - themes.begin());
-}
-
-}  // namespace
 
 void Viewer::BuildMenus() {
     menus_ = {.context = BuildMenu(MenuId::Context),
@@ -45,7 +31,7 @@ CommandState Viewer::DescribeCommands() const {
     state.valuePane = settings_.valuePane;
     state.headerRow = settings_.headerRow;
     state.lineNumbers = settings_.lineNumbers;
-    state.themeIndex = ThemeIndex(settings::CurrentTheme());
+    state.themeIndex = themeIndex_;
     if (document_.rows == nullptr) {
         return state;
     }
