@@ -135,6 +135,28 @@ TEST(Numbers, StayAtTheLeftWhenTheyAreNotAligned) {
     EXPECT_LT(whole.front(), 15);
 }
 
+/// Pixels of the system's line colour along the right edge of a cell.
+int LineAtRightEdge(const Viewer& viewer, int row, int column) {
+    const RECT cell = viewer.CellRect(row, column);
+    return Viewer::CountColor(viewer.Grid(),
+                              {cell.right - 1, cell.top + 2, cell.right, cell.bottom - 2},
+                              GetSysColor(COLOR_BTNFACE));
+}
+
+TEST(GridLines, AreDrawnInCellsThatTheGridPaintsItself) {
+    UiHost host({.ini = "theme=Dark\n"});
+    const Viewer viewer = host.OpenText("value,b\n1.5,x\n2.25,x\n");
+
+    EXPECT_GT(LineAtRightEdge(viewer, 0, 0), 10);
+}
+
+TEST(GridLines, AreAbsentWhenSwitchedOff) {
+    UiHost host({.ini = "theme=Dark\ndisable-grid-lines=1\n"});
+    const Viewer viewer = host.OpenText("value,b\n1.5,x\n2.25,x\n");
+
+    EXPECT_EQ(LineAtRightEdge(viewer, 0, 0), 0);
+}
+
 }  // namespace
 
 }  // namespace rl::test

@@ -76,6 +76,46 @@ TEST(FailedLoad, ShowsAnErrorBoxOwnedByTheViewer) {
     EXPECT_EQ(box.type & MB_TYPEMASK, static_cast<UINT>(MB_OK));
 }
 
+TEST(FailedLoad, SaysThatReadingFailed) {
+    UiHost host;
+    const Viewer viewer = host.Start(host.Write(L"a.csv", "a,b\n"));
+    TheFakes().readFails = true;
+
+    ASSERT_TRUE(UiHost::WaitUntilGone(viewer));
+
+    ASSERT_EQ(TheFakes().boxes.size(), 1u);
+    EXPECT_EQ(TheFakes().boxes.front().text, L"The file could not be read.");
+}
+
+TEST(FailedLoad, TakesAnEarlyEndForAFailure) {
+    UiHost host;
+    const Viewer viewer = host.Start(host.Write(L"a.csv", "a,b\n"));
+    TheFakes().readsUntilEnd = 0;
+
+    ASSERT_TRUE(UiHost::WaitUntilGone(viewer));
+
+    ASSERT_EQ(TheFakes().boxes.size(), 1u);
+    EXPECT_EQ(TheFakes().boxes.front().text, L"The file could not be read.");
+}
+
+TEST(FailedLoad, SaysThatTheSizeIsUnknown) {
+    UiHost host;
+    const Viewer viewer = host.Start(host.Write(L"a.csv", "a,b\n"));
+    TheFakes().sizeFails = true;
+
+    ASSERT_TRUE(UiHost::WaitUntilGone(viewer));
+
+    ASSERT_EQ(TheFakes().boxes.size(), 1u);
+    EXPECT_EQ(TheFakes().boxes.front().text, L"The file size could not be determined.");
+}
+
+TEST(FailedLoad, LooksAtTheContentWhenTheNameSaysNothing) {
+    UiHost host;
+
+    EXPECT_EQ(MessageFor(host, host.Write(L"a.txt", "\n {\"a\": ")).text,
+              L"Not a valid JSON document");
+}
+
 TEST(FailedLoad, SurvivesAHostThatClosesTheViewerWhileItsMessageIsShown) {
     UiHost host;
     const Viewer viewer = host.Start(L"C:\\no such folder\\data.csv");

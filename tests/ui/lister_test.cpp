@@ -95,6 +95,13 @@ std::wstring Sample(const wchar_t* name) {
     return Quoted(SourceRoot() / "samples" / name);
 }
 
+/// The caption of another program's window.
+std::wstring TitleOf(HWND window) {
+    wchar_t title[512] = L"";
+    GetWindowTextW(window, title, ARRAYSIZE(title));
+    return title;
+}
+
 std::uint32_t BigEndian(const std::string& bytes, size_t at) {
     std::uint32_t value = 0;
     for (size_t i = 0; i < 4; ++i) {
@@ -157,11 +164,7 @@ TEST(Lister, GoesToTheNextFileOfTheFolderOnN) {
 
     PostMessageW(window, WM_KEYDOWN, 'N', 1);
 
-    EXPECT_TRUE(PumpUntil([&] {
-        wchar_t title[512] = L"";
-        GetWindowTextW(window, title, ARRAYSIZE(title));
-        return std::wstring(title).ends_with(L"orders.csv]");
-    }));
+    EXPECT_TRUE(PumpUntil([&] { return TitleOf(window).ends_with(L"orders.csv]"); }));
     PostMessageW(window, WM_KEYDOWN, 'Q', 1);
     EXPECT_EQ(run.ExitCode(), 0u) << run.Words();
 }
@@ -177,6 +180,38 @@ TEST(Lister, PutsTheViewerBesideAListOfFilesInQuickView) {
         return panel != nullptr && FindWindowExW(panel, nullptr, L"RowlarkViewer", nullptr);
     }));
 
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(run.ExitCode(), 0u) << run.Words();
+}
+
+TEST(Lister, WalksTheListWithTheArrowKeysInQuickView) {
+    const ListerRun run(L"--quick-view " + Sample(L"measurements.csv"));
+    HWND list = nullptr;
+    HWND window = nullptr;
+    ASSERT_TRUE(PumpUntil([&] {
+        window = FindWindowW(L"RowlarkLister", nullptr);
+        list = FindWindowExW(window, nullptr, L"LISTBOX", nullptr);
+        return list != nullptr && SendMessageW(list, LB_GETCURSEL, 0, 0) >= 0;
+    }));
+
+    PostMessageW(list, WM_KEYDOWN, VK_DOWN, 1);
+
+    EXPECT_TRUE(PumpUntil([&] { return TitleOf(window).ends_with(L"orders.csv]"); }));
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(run.ExitCode(), 0u) << run.Words();
+}
+
+TEST(Lister, FindsAgainOnF3AndSaysWhenThereIsNoMore) {
+    const ListerRun run(L"--find vries " + Sample(L"people.csv"));
+    const HWND window = run.WaitForWindow();
+    ASSERT_NE(window, nullptr);
+    const HWND viewer = FindWindowExW(window, nullptr, L"RowlarkViewer", nullptr);
+    const HWND placeholder = GetDlgItem(viewer, 1003);
+    ASSERT_TRUE(PumpUntil([&] { return !IsWindowVisible(placeholder); }));
+
+    PostMessageW(window, WM_KEYDOWN, VK_F3, 1);
+
+    EXPECT_TRUE(PumpUntil([&] { return TitleOf(window).ends_with(L"\"vries\" not found"); }));
     PostMessageW(window, WM_CLOSE, 0, 0);
     EXPECT_EQ(run.ExitCode(), 0u) << run.Words();
 }

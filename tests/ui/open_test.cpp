@@ -81,15 +81,43 @@ TEST(OpenCsv, OpensOnTheSourceTabWhenTheSettingSaysSoInAnyLetterCase) {
     EXPECT_TRUE(IsWindowVisible(viewer.Source()));
 }
 
-TEST(OpenCsv, CutsALongNameGivenInAnsiInsteadOfFailing) {
+TEST(OpenCsv, CutsANameGivenInAnsiAfterFiveHundredAndNineteenLetters) {
     UiHost host;
-    const std::string name(600, 'x');
+    const std::filesystem::path folder =
+        L"\\\\?\\" + (host.IniFile().parent_path() / std::wstring(230, 'f')).wstring();
+    ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr));
+    const size_t nameLength = 519 - folder.wstring().size() - 1;
+    ASSERT_LT(nameLength, 255u);
+    const std::filesystem::path file = folder / (std::wstring(nameLength - 4, 'n') + L".csv");
+    ASSERT_TRUE(tools::WriteBytes(file, kPeople));
 
-    const HWND window = host.Module().OpenAnsi(host.Frame(), name, 0);
+    const std::string tooLong = tools::ToAnsi(file.wstring()) + std::string(81, 'x');
+    const Viewer viewer(host.Module().OpenAnsi(host.Frame(), tooLong, 0));
 
-    ASSERT_NE(window, nullptr);
-    EXPECT_TRUE(UiHost::WaitUntilGone(Viewer(window)));
-    EXPECT_EQ(TheFakes().boxes.size(), 1u);
+    ASSERT_TRUE(UiHost::WaitUntilLoaded(viewer));
+    EXPECT_EQ(viewer.RowCount(), 2);
+    host.Close(viewer);
+}
+
+TEST(OpenCsv, TrustsTheNameMoreThanTheContent) {
+    UiHost host;
+
+    const Viewer viewer = host.OpenText("<a>\n<b/>\n</a>\n", L"a.csv");
+
+    EXPECT_EQ(viewer.Row(0), (Texts{L"<b/>"}));
+}
+
+TEST(OpenCsv, OpensAFileThatAnotherProgramIsWriting) {
+    UiHost host;
+    const std::filesystem::path file = host.Write(L"log.csv", kPeople);
+    const HANDLE writer = CreateFileW(file.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(writer, INVALID_HANDLE_VALUE);
+
+    EXPECT_TRUE(host.Open(file).IsLoaded());
+
+    CloseHandle(writer);
 }
 
 TEST(OpenCsv, TakesANameInTheSystemCodePage) {

@@ -100,6 +100,17 @@ TEST(StatusBar, MarksEditMode) {
     EXPECT_EQ(viewer.Status(4), L" 1:1 EDIT");
 }
 
+TEST(StatusBar, TakesOnlyTheExactOneOrALowerCaseEditForEditMode) {
+    UiHost one({.ini = "start-mode=1\n"});
+    EXPECT_EQ(one.OpenText(Lines(5)).Status(4), L" EDIT");
+    UiHost inside({.ini = "start-mode=noedit!\n"});
+    EXPECT_EQ(inside.OpenText(Lines(5)).Status(4), L" EDIT");
+    UiHost upper({.ini = "start-mode=EDIT\n"});
+    EXPECT_EQ(upper.OpenText(Lines(5)).Status(4), L"");
+    UiHost eleven({.ini = "start-mode=11\n"});
+    EXPECT_EQ(eleven.OpenText(Lines(5)).Status(4), L"");
+}
+
 }  // namespace
 
 }  // namespace rl::test

@@ -1,6 +1,7 @@
 // The five themes, judged by the colours of areas on the screen.
 #include <gtest/gtest.h>
 
+#include "tests/ui/support/fakes.h"
 #include "tests/ui/support/input.h"
 #include "tests/ui/support/ui_host.h"
 
@@ -130,11 +131,45 @@ TEST(Colours, OfTheLineNumbersAreTheirOwn) {
               RGB(0, 255, 0));
 }
 
-TEST(Colours, OfALongCellWhileLoadingAreTheBackground) {
+TEST(Colours, FillTheGridBelowItsRows) {
     UiHost host({.ini = "back-color=65280\n"});
     const Viewer viewer = host.OpenText(kTable);
 
     EXPECT_GT(Viewer::CountColor(viewer.Grid(), {300, 200, 400, 260}, RGB(0, 255, 0)), 5000);
+}
+
+/// The visual style that the control got last; "?" when it got none.
+std::wstring StyleOf(int id) {
+    std::wstring style = L"?";
+    for (const StyledWindow& window : TheFakes().styles) {
+        style = window.id == id ? window.style : style;
+    }
+    return style;
+}
+
+TEST(VisualStyle, IsDarkOnEveryScrollingControlOfADarkTheme) {
+    UiHost host({.ini = "theme=Dark\n"});
+    ASSERT_TRUE(host.OpenText(kTable).IsLoaded());
+
+    EXPECT_EQ(StyleOf(1001), L"DarkMode_Explorer");
+    EXPECT_EQ(StyleOf(1006), L"DarkMode_Explorer");
+    EXPECT_EQ(StyleOf(1007), L"DarkMode_Explorer");
+}
+
+TEST(VisualStyle, IsTheOrdinaryOneOtherwise) {
+    UiHost host({.ini = "theme=Paper\n"});
+    ASSERT_TRUE(host.OpenText(kTable).IsLoaded());
+
+    EXPECT_EQ(StyleOf(1001), L"Explorer");
+    EXPECT_EQ(StyleOf(1006), L"Explorer");
+    EXPECT_EQ(StyleOf(1007), L"Explorer");
+}
+
+TEST(VisualStyle, IsFlatOnTheHeader) {
+    UiHost host({.ini = "theme=Dark\n"});
+    const Viewer viewer = host.OpenText(kTable);
+
+    EXPECT_EQ(StyleOf(GetDlgCtrlID(viewer.Header())), L"");
 }
 
 }  // namespace

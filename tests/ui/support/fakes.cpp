@@ -67,7 +67,24 @@ BOOL WINAPI FakeRead(HANDLE file, LPVOID buffer, DWORD length, LPDWORD read, LPO
     if (const int delay = current->readDelay; delay > 0) {
         Sleep(static_cast<DWORD>(delay));
     }
+    if (current->readFails) {
+        SetLastError(ERROR_READ_FAULT);
+        return FALSE;
+    }
+    if (current->readsUntilEnd >= 0 && current->readsUntilEnd-- == 0) {
+        *read = 0;
+        return TRUE;
+    }
     return ReadFile(file, buffer, length, read, over);
+}
+
+BOOL WINAPI FakeSize(HANDLE file, PLARGE_INTEGER size) {
+    return current->sizeFails ? FALSE : GetFileSizeEx(file, size);
+}
+
+HRESULT WINAPI FakeStyle(HWND window, LPCWSTR style, LPCWSTR) {
+    current->styles.push_back({GetDlgCtrlID(window), style});
+    return S_OK;
 }
 
 }  // namespace
@@ -86,6 +103,8 @@ void InstallFakes(HMODULE module) {
     tools::PatchImport(module, "GetDpiForWindow", &FakeDpi);
     tools::PatchImport(module, "GetTickCount64", &FakeClock);
     tools::PatchImport(module, "ReadFile", &FakeRead);
+    tools::PatchImport(module, "GetFileSizeEx", &FakeSize);
+    tools::PatchImport(module, "SetWindowTheme", &FakeStyle);
 }
 
 }  // namespace rl::test

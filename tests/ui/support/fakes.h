@@ -26,6 +26,11 @@ struct ShownMenu {
     POINT at{};
 };
 
+struct StyledWindow {
+    int id = 0;  // of the control; 0 for the grid's header
+    std::wstring style;
+};
+
 struct Fakes {
     std::vector<UINT> beeps;
     std::vector<ShownBox> boxes;
@@ -34,12 +39,16 @@ struct Fakes {
     std::vector<ShownMenu> menus;
     int menuAnswer = 0;  // the command chosen; 0 for none
     std::vector<std::wstring> links;
-    std::vector<HCURSOR> cursors;   // every SetCursor
-    UINT dpi = 0;                   // 0: the system's own answer
-    ULONGLONG clockOffset = 0;      // added to GetTickCount64, milliseconds
-    bool clockStopped = false;      // it stands at 1,000,000 then, plus the offset
-    std::atomic<int> readDelay{0};  // before each ReadFile, milliseconds
-    std::atomic<int> reads{0};      // how often ReadFile was called
+    std::vector<HCURSOR> cursors;        // every SetCursor
+    std::vector<StyledWindow> styles;    // every SetWindowTheme
+    UINT dpi = 0;                        // 0: the system's own answer
+    ULONGLONG clockOffset = 0;           // added to GetTickCount64, milliseconds
+    bool clockStopped = false;           // it stands at 1,000,000 then, plus the offset
+    std::atomic<int> readDelay{0};       // before each ReadFile, milliseconds
+    std::atomic<bool> readFails{false};  // every ReadFile
+    std::atomic<bool> sizeFails{false};  // every GetFileSizeEx
+    std::atomic<int> readsUntilEnd{-1};  // ReadFile answers the end of the file when 0 is reached
+    std::atomic<int> reads{0};           // how often ReadFile was called
 };
 
 /// The set in use.
