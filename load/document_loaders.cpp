@@ -19,7 +19,7 @@ bool ReadText(const std::wstring& path, int64_t sizeLimit, const EncodingRequest
     if (!ReadFileLimited(path, sizeLimit, bytes, error, abandoned)) {
         return false;
     }
-    text = DecodeText(bytes, request, found);
+    text = DecodeText(bytes, request, found, abandoned);
     return true;
 }
 
