@@ -19,13 +19,13 @@ using Counts = std::array<uint32_t, kCandidates.size()>;
 constexpr std::array<uint8_t, 128> kCandidateOf = [] {
     std::array<uint8_t, 128> table{};
     for (size_t k = 0; k < kCandidates.size(); ++k) {
-        table[static_cast<size_t>(kCandidates[k])] = static_cast<uint8_t>(k + 1);
+        table[static_cast<char16_t>(kCandidates[k])] = static_cast<uint8_t>(k + 1);
     }
     return table;
 }();
 
 constexpr size_t CandidateOf(wchar_t unit) {
-    const auto code = static_cast<size_t>(unit);
+    const auto code = static_cast<char16_t>(unit);
     return code < kCandidateOf.size() ? kCandidateOf[code] : 0;
 }
 

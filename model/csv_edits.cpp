@@ -1,5 +1,4 @@
 // Edits: they stand beside the text, which is never rewritten.
-#include <algorithm>
 #include <utility>
 
 #include "model/csv_model.h"
@@ -15,7 +14,7 @@ void CsvModel::SetCellText(int32_t row, int32_t column, std::wstring_view text) 
     const int32_t id = my.order.VisibleId(row);
     const int32_t textColumn = my.TextColumn(column);
     if (id < 0) {
-        my.insertedRows[static_cast<size_t>(~id)][static_cast<size_t>(textColumn)] = text;
+        my.Inserted(id)[static_cast<size_t>(textColumn)] = text;
     } else {
         my.editedCells.insert_or_assign(detail::MakeCellKey(id, textColumn), std::wstring(text));
     }

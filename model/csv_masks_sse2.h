@@ -1,5 +1,4 @@
-// Masks of 64 units with what every 64-bit x86 processor has. Private to the csv_*_sse2.cpp files,
-// hence the internal linkage.
+// Masks of 64 units with what every 64-bit x86 processor has. Private to the csv_*_sse2.cpp files.
 #pragma once
 
 #include <emmintrin.h>
@@ -10,8 +9,6 @@
 #include "model/csv_scan_kernel.h"
 
 namespace rl::detail {
-
-namespace {
 
 class Sse2 {
 public:
@@ -49,7 +46,5 @@ private:
     __m128i quote_;
     __m128i delimiter_;
 };
-
-}  // namespace
 
 }  // namespace rl::detail

@@ -1,7 +1,6 @@
 // Parsing, and the table as its reader sees it.
 #include "model/csv_model.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "model/csv_dialect.h"
@@ -140,7 +139,7 @@ std::wstring_view CsvModel::CellView(int32_t row, int32_t column, std::wstring& 
     const int32_t textColumn = my.TextColumn(column);
     const auto place = static_cast<size_t>(textColumn);
     if (id < 0) {
-        return my.insertedRows[static_cast<size_t>(~id)][place];
+        return my.Inserted(id)[place];
     }
     if (!my.editedCells.empty() && textColumn < detail::kMaxCsvEditColumns) {
         if (const auto edited = my.editedCells.find(detail::MakeCellKey(id, textColumn));

@@ -75,6 +75,13 @@ struct CsvModelState {
     [[nodiscard]] CsvRowSpan& Record(int32_t id) noexcept {
         return records[static_cast<size_t>(id)];
     }
+    /// The cells of an inserted row; its id is the complement of its number.
+    [[nodiscard]] const std::vector<std::wstring>& Inserted(int32_t id) const noexcept {
+        return insertedRows[static_cast<uint32_t>(~id)];
+    }
+    [[nodiscard]] std::vector<std::wstring>& Inserted(int32_t id) noexcept {
+        return insertedRows[static_cast<uint32_t>(~id)];
+    }
     [[nodiscard]] std::wstring_view RecordText(const CsvRowSpan& record) const noexcept {
         return std::wstring_view(text).substr(record.start, record.length);
     }

@@ -4,8 +4,9 @@
 // of the quotes without carry says which units stand inside quotes; what is left of the other two
 // masks is counted and walked bit by bit. An instruction set brings the masks and the counting.
 //
-// Everything but the entry points has internal linkage, so that code made for one instruction set
-// can never be linked into a program for another. Private to the csv_scan_*.cpp files.
+// An instruction set is a class of an unnamed namespace: whatever is made from it has internal
+// linkage, so that code for one set of instructions can never be linked into the path of another.
+// Private to the csv_*.cpp files.
 #pragma once
 
 #include <cstddef>
@@ -53,8 +54,6 @@ CsvRowSpan* RunCsvScanAvx2(const Unit* text, size_t size, size_t limit, const Cs
 bool CsvCommentBeginsAt(const wchar_t* text, size_t size, size_t position);
 bool CsvCommentBeginsAt(const char16_t* text, size_t size, size_t position);
 
-namespace {
-
 /// One bit for each of 64 units.
 struct CsvBlockMasks {
     uint64_t quotes;
@@ -63,7 +62,7 @@ struct CsvBlockMasks {
 };
 
 /// Bit i of the answer is set when an odd number of the bits 0 .. i is.
-inline uint64_t PrefixXor(uint64_t bits) {
+static inline uint64_t PrefixXor(uint64_t bits) {
     bits ^= bits << 1;
     bits ^= bits << 2;
     bits ^= bits << 4;
@@ -71,11 +70,6 @@ inline uint64_t PrefixXor(uint64_t bits) {
     bits ^= bits << 16;
     bits ^= bits << 32;
     return bits;
-}
-
-template <typename Unit>
-inline bool MayBeginComment(Unit unit) {
-    return (unit == Unit{'#'}) | (unit == Unit{';'}) | ((unit | 0x20) == 's');
 }
 
 template <typename Unit, typename InstructionSet>
@@ -148,6 +142,10 @@ private:
         state.isComment = MayBeginComment(text_[next]) && CsvCommentBeginsAt(text_, size_, next);
     }
 
+    static bool MayBeginComment(Unit unit) {
+        return (unit == Unit{'#'}) | (unit == Unit{';'}) | ((unit | 0x20) == 's');
+    }
+
     const Unit* text_;
     size_t size_;
     bool splitComments_;
@@ -155,7 +153,5 @@ private:
     CsvScanState& state_;
     InstructionSet set_;
 };
-
-}  // namespace
 
 }  // namespace rl::detail

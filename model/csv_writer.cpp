@@ -32,9 +32,9 @@ public:
     CsvWriter(const CsvModelState& model, std::wstring& out) : model_(model), out_(out) {
         edits_.reserve(model.editedCells.size());
         for (const auto& [key, text] : model.editedCells) {
-            if (!model.IsColumnDeleted(
-                    static_cast<size_t>(key & (detail::kMaxCsvEditColumns - 1)))) {
-                edits_.push_back({key, &text});
+            const Edit edit{key, &text};
+            if (!model.IsColumnDeleted(edit.Column())) {
+                edits_.push_back(edit);
             }
         }
         std::ranges::sort(edits_, {}, &Edit::key);
@@ -52,13 +52,11 @@ public:
             const int32_t id = model_.order.Id(place);
             if (id < 0) {
                 FlushRun();
-                WriteInserted(model_.insertedRows[static_cast<size_t>(~id)]);
+                WriteInserted(model_.Inserted(id));
                 continue;
             }
             SkipEditsBefore(id);
-            const bool touched =
-                allRewritten || (next_ < edits_.size() && edits_[next_].RowId() == id);
-            if (touched && !model_.Record(id).isComment) {
+            if ((allRewritten || HasEdits(id)) && !model_.Record(id).isComment) {
                 FlushRun();
                 WriteRewritten(id);
             } else {
