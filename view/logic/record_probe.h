@@ -31,6 +31,9 @@ public:
         return record.empty() || needle_.IsIn(record);  // empty: also an inserted row
     }
 
+    /// The text itself, for a look into a single cell; may be of no use.
+    [[nodiscard]] const TextNeedle& Needle() const { return needle_; }
+
 private:
     TextNeedle needle_;
     const CsvModel* model_ = nullptr;  // null: nothing is known

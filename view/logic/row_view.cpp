@@ -47,13 +47,28 @@ void RowView::Compile() {
     }
 }
 
-// What is left of a row's way through the filters once its columns are known.
-bool RowView::Passes(int32_t modelRow, std::span<const int32_t> columns,
-                     std::wstring& scratch) const {
-    return std::all_of(columns.begin(), columns.end(), [&](int32_t column) {
-        model_->ReadCell(modelRow, column, scratch);
-        return MatchesFilter(filters_[static_cast<size_t>(column)], scratch, caseSensitive_);
-    });
+bool RowView::ActiveFilter::Passes(const ITableModel& model, int32_t modelRow, bool caseSensitive,
+                                   std::wstring& scratch) const {
+    model.ReadCell(modelRow, column, scratch);
+    if (filter->op == 0 && probe.Needle().IsUsable()) {
+        return probe.Needle().IsIn(scratch);  // without lowering it first
+    }
+    return MatchesFilter(*filter, scratch, caseSensitive);
+}
+
+std::vector<RowView::ActiveFilter> RowView::ActiveFilters() const {
+    std::vector<ActiveFilter> active;
+    for (size_t column = 0; column < filters_.size(); ++column) {
+        const ColumnFilter& filter = filters_[column];
+        if (filter.IsActive()) {
+            // What passes these two holds the operand; of the others nothing is known beforehand.
+            const bool holds = filter.op == 0 || filter.op == L'=';
+            active.push_back(
+                {static_cast<int32_t>(column), &filter,
+                 RecordProbe(*model_, holds ? filter.operand : std::wstring(), caseSensitive_)});
+        }
+    }
+    return active;
 }
 
 void RowView::Rebuild() {
@@ -62,22 +77,7 @@ void RowView::Rebuild() {
         filterTexts_.resize(columnCount);
         Compile();
     }
-    std::vector<int32_t> active;
-    std::vector<RecordProbe> probes;
-    for (size_t column = 0; column < filters_.size(); ++column) {
-        const ColumnFilter& filter = filters_[column];
-        if (!filter.IsActive()) {
-            continue;
-        }
-        active.push_back(static_cast<int32_t>(column));
-        if (filter.op == 0 || filter.op == L'=') {  // what passes holds the operand
-            RecordProbe probe(*model_, filter.operand, caseSensitive_);
-            if (probe.IsUseful()) {
-                probes.push_back(std::move(probe));
-            }
-        }
-    }
-    CollectRows(active, probes);
+    CollectRows(ActiveFilters());
     if (sortColumn_ >= 0) {
         SortRows(
             visibleRows_,
@@ -86,7 +86,7 @@ void RowView::Rebuild() {
     }
 }
 
-void RowView::CollectRows(std::span<const int32_t> active, std::span<const RecordProbe> probes) {
+void RowView::CollectRows(std::span<const ActiveFilter> active) {
     const int32_t rowCount = model_->RowCount();
     const int32_t firstRow = hasHeaderRow_ && rowCount > 0 ? 1 : 0;
     visibleRows_.clear();
@@ -97,9 +97,12 @@ void RowView::CollectRows(std::span<const int32_t> active, std::span<const Recor
     }
     std::wstring scratch;
     for (int32_t row = firstRow; row < rowCount; ++row) {
-        const bool possible = std::all_of(probes.begin(), probes.end(),
-                                          [&](const auto& probe) { return probe.MayHold(row); });
-        if (possible && Passes(row, active, scratch)) {
+        const bool passes =
+            std::ranges::all_of(active, [&](const auto& one) { return one.probe.MayHold(row); }) &&
+            std::ranges::all_of(active, [&](const auto& one) {
+                return one.Passes(*model_, row, caseSensitive_, scratch);
+            });
+        if (passes) {
             visibleRows_.push_back(row);
         }
     }

@@ -47,10 +47,18 @@ public:
     [[nodiscard]] std::wstring_view FilterText(int32_t column) const;
 
 private:
+    struct ActiveFilter {
+        int32_t column;
+        const ColumnFilter* filter;
+        RecordProbe probe;
+
+        [[nodiscard]] bool Passes(const ITableModel& model, int32_t modelRow, bool caseSensitive,
+                                  std::wstring& scratch) const;
+    };
+
     void Compile();
-    void CollectRows(std::span<const int32_t> active, std::span<const RecordProbe> probes);
-    [[nodiscard]] bool Passes(int32_t modelRow, std::span<const int32_t> columns,
-                              std::wstring& scratch) const;
+    [[nodiscard]] std::vector<ActiveFilter> ActiveFilters() const;
+    void CollectRows(std::span<const ActiveFilter> active);
 
     const ITableModel* model_;
     bool hasHeaderRow_;
