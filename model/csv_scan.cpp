@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "load/text/cpu_features.h"
 #include "model/csv_dialect.h"
 #include "model/csv_scan_kernel.h"
 
@@ -194,16 +195,6 @@ CsvScanResult Scan(std::basic_string_view<Unit> text, const CsvScanRules& rules,
     return reader.result;
 }
 
-CsvScanKernel FindKernel() {
-#if defined(__GNUC__)
-    const bool avx2 = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") &&
-                      __builtin_cpu_supports("bmi2");
-    return avx2 ? CsvScanKernel::Avx2 : CsvScanKernel::Sse2;
-#else
-    return CsvScanKernel::Sse2;
-#endif
-}
-
 }  // namespace
 
 bool detail::CsvCommentBeginsAt(const wchar_t* text, size_t size, size_t position) {
@@ -215,8 +206,7 @@ bool detail::CsvCommentBeginsAt(const char16_t* text, size_t size, size_t positi
 }
 
 CsvScanKernel BestCsvScanKernel() {
-    static const CsvScanKernel kernel = FindKernel();
-    return kernel;
+    return HasAvx2() ? CsvScanKernel::Avx2 : CsvScanKernel::Sse2;
 }
 
 CsvScanResult ScanRecords(std::wstring_view text, const CsvScanRules& rules,
