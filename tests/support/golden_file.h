@@ -29,8 +29,7 @@ inline void ExpectGolden(std::string_view actual, const std::filesystem::path& r
     if (BytesOf(golden) == actual) {
         return;
     }
-    const std::filesystem::path fresh =
-        BuildRoot() / "golden" / relative.filename();
+    const std::filesystem::path fresh = BuildRoot() / "golden" / relative.filename();
     std::filesystem::create_directories(fresh.parent_path());
     std::ofstream(fresh, std::ios::binary)
         .write(actual.data(), static_cast<std::streamsize>(actual.size()));
