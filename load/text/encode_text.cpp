@@ -1,4 +1,5 @@
-// The reverse of decode_text.cpp: the same labels, the same mark, bytes instead of units.
+// The reverse of decode_text.cpp: the same labels, the same mark, bytes instead of units, and again
+// one pass into memory of nearly the right size.
 #include "load/text/encode_text.h"
 
 #include "load/text/ascii_case.h"
@@ -13,14 +14,64 @@ namespace {
 
 constexpr size_t kWorthATable = 0x10000;  // units; a table costs about as much as encoding these
 
-/// Fills `bytes` with the mark, if any, and room for `size` more, which `write` fills.
-template <typename Write>
-void PutBytes(std::string_view mark, size_t size, std::string& bytes, Write write) {
-    bytes.resize_and_overwrite(mark.size() + size, [mark, size, &write](char* out, size_t) {
+/// The mark, if any, and two bytes for each unit.
+std::string EncodeUtf16(std::wstring_view text, std::string_view mark, utf::ByteOrder order) {
+    const size_t size = mark.size() + 2 * text.size();
+    std::string bytes;
+    bytes.resize_and_overwrite(size, [=](char* out, size_t) {
         mark.copy(out, mark.size());
-        write(out + mark.size());
-        return mark.size() + size;  // the library may have offered more room than was asked for
+        utf::UnitsToBytes(text, order, out + mark.size());
+        return size;  // the library may have offered more room than was asked for
     });
+    return bytes;
+}
+
+/// A guess, from samples, at the bytes that a text takes as UTF-8; see the like in decode_text.cpp.
+size_t GuessUtf8(std::wstring_view text) {
+    constexpr size_t kSamples = 256;
+    constexpr size_t kSample = 256;
+    if (text.size() <= 2 * kSamples * kSample) {
+        return utf::CountUtf8(text);
+    }
+    size_t counted = 0;
+    for (size_t sample = 0; sample < kSamples; ++sample) {
+        counted += utf::CountUtf8(text.substr(text.size() / kSamples * sample, kSample));
+    }
+    const double share = static_cast<double>(counted) / (kSamples * kSample);
+    const auto guess = static_cast<size_t>(static_cast<double>(text.size()) * share);
+    return guess + guess / 128;
+}
+
+/// Writes what fits of a text behind `held` bytes, in stretches, and takes it off the text.
+size_t PutUtf8(std::wstring_view& text, char* out, size_t held, size_t room) {
+    constexpr size_t kStretch = 0x10000;  // units
+    constexpr size_t kMostBytes = 3;      // for one unit
+    while (!text.empty()) {
+        const std::wstring_view part = utf::PrefixOfWholePairs(text, kStretch);
+        const bool ample = part.size() * kMostBytes <= room - held;
+        const size_t size = ample ? 0 : utf::CountUtf8(part);
+        if (size > room - held) {
+            break;
+        }
+        held += utf::UnitsToUtf8(part, out + held);
+        text.remove_prefix(part.size());
+    }
+    return held;
+}
+
+std::string EncodeUtf8(std::wstring_view text, std::string_view mark) {
+    std::string bytes(mark);
+    size_t room = mark.size() + GuessUtf8(text);
+    while (!text.empty()) {
+        std::string larger;
+        larger.resize_and_overwrite(room, [&](char* out, size_t) {
+            bytes.copy(out, bytes.size());
+            return PutUtf8(text, out, bytes.size(), room);
+        });
+        bytes = std::move(larger);
+        room = bytes.size() + utf::CountUtf8(text);  // of what did not fit: nothing, but seldom
+    }
+    return bytes;
 }
 
 bool PutAnsi(std::wstring_view text, uint32_t codePage, std::string& bytes) {
@@ -54,14 +105,11 @@ bool EncodeText(std::wstring_view text, const TextEncoding& encoding, std::strin
         return false;
     }
     if (known.label == labels::kUtf8) {
-        PutBytes(mark, utf::CountUtf8(text), bytes,
-                 [text](char* out) { utf::UnitsToUtf8(text, out); });
-        return true;
+        bytes = EncodeUtf8(text, mark);
+    } else {
+        const bool little = known.label == labels::kUtf16Le;
+        bytes = EncodeUtf16(text, mark, little ? utf::ByteOrder::Little : utf::ByteOrder::Big);
     }
-    const auto order =
-        known.label == labels::kUtf16Le ? utf::ByteOrder::Little : utf::ByteOrder::Big;
-    PutBytes(mark, text.size() * 2, bytes,
-             [text, order](char* out) { utf::UnitsToBytes(text, order, out); });
     return true;
 }
 

@@ -17,6 +17,7 @@ namespace {
 
 constexpr size_t kBlock = 64;    // bytes looked at together
 constexpr size_t kSlack = 16;    // units a store may run ahead of what counts
+constexpr size_t kAhead = 2048;  // bytes
 constexpr int kDenseBlock = 10;  // bytes beyond ASCII from which a block counts as dense
 
 /// For each set of positions among eight, the byte shuffle that moves their units together.
@@ -229,6 +230,9 @@ KernelProgress Utf8ToUnitsAvx2(const char* bytes, size_t size, size_t from, Unit
     Run<Unit> run{bytes, size, from, out, out + room};
     bool ordinary = true;
     while (ordinary && run.HasBlock()) {
+        // Fresh pages of the output interrupt the processor's own reading ahead.
+        const size_t soon = run.read + kAhead;
+        _mm_prefetch(bytes + (soon < size ? soon : run.read), _MM_HINT_T0);
         const __m256i first = Load(bytes + run.read);
         const __m256i second = Load(bytes + run.read + sizeof first);
         const uint64_t mask = MaskOf(first) | static_cast<uint64_t>(MaskOf(second)) << 32;

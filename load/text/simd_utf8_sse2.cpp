@@ -1,7 +1,7 @@
 // UTF-8 to UTF-16 with what every 64-bit x86 processor has.
 //
-// ASCII is widened 64 bytes at a time; a block with other characters is widened as if it were
-// ASCII, kept up to the first of them, and their run is converted one by one.
+// The same gaits as with 256-bit vectors. What is missing here is a shuffle by table, so a dense
+// block stores all its units one by one and moves on only past those where a sequence ends.
 #include <emmintrin.h>
 
 #include <bit>
@@ -32,6 +32,69 @@ void Widen(Unit* out, __m128i bytes) {
     _mm_storeu_si128(to + 1, _mm_unpackhi_epi8(bytes, zero));
 }
 
+__m128i Bytes(int value) {
+    return _mm_set1_epi8(static_cast<char>(value));
+}
+
+/// All ones where the unsigned byte is `limit` or more.
+__m128i AtLeast(__m128i bytes, int limit) {
+    return _mm_cmpeq_epi8(_mm_max_epu8(bytes, Bytes(limit)), bytes);
+}
+
+/// All ones where the byte is 80 to BF, read as signed.
+__m128i TailsIn(__m128i bytes) {
+    return _mm_cmplt_epi8(bytes, Bytes(0xC0));
+}
+
+/// 16 bytes and, at the same positions, the bytes one and two before them.
+struct Window {
+    __m128i now;
+    __m128i before;
+    __m128i beforeThat;
+};
+
+/// Whether every byte stands where the two before it say: continuations where, and only where, one
+/// is due; nothing overlong, no surrogate. Sequences of four bytes are none of ours.
+bool IsOrdinary(const Window& in) {
+    const __m128i tailDue = _mm_or_si128(AtLeast(in.before, 0xC0), AtLeast(in.beforeThat, 0xE0));
+    const __m128i misplaced = _mm_xor_si128(TailsIn(in.now), tailDue);
+    const __m128i overlong2 = _mm_cmpeq_epi8(_mm_and_si128(in.now, Bytes(0xFE)), Bytes(0xC0));
+    const __m128i isLowTail = _mm_cmplt_epi8(in.now, Bytes(0xA0));  // signed: 80 to 9F
+    const __m128i overlong3 = _mm_and_si128(_mm_cmpeq_epi8(in.before, Bytes(0xE0)), isLowTail);
+    const __m128i surrogate = _mm_andnot_si128(isLowTail, _mm_cmpeq_epi8(in.before, Bytes(0xED)));
+    const __m128i wrong = _mm_or_si128(_mm_or_si128(misplaced, AtLeast(in.now, 0xF0)),
+                                       _mm_or_si128(overlong2, _mm_or_si128(overlong3, surrogate)));
+    return MaskOf(wrong) == 0;
+}
+
+/// The positions where a sequence ends: no lead byte there, and none of three bytes before it.
+uint32_t EndsOf(const Window& in) {
+    return ~MaskOf(_mm_or_si128(AtLeast(in.now, 0xC0), AtLeast(in.before, 0xE0)));
+}
+
+/// Stores, low and high byte together, the unit that would end at each of the 16 positions.
+void StoreUnits(const Window& in, uint16_t* units) {
+    const __m128i isTail = TailsIn(in.now);
+    // Shifting in 16-bit lanes moves bits across bytes; the masks drop them again.
+    const __m128i upLow = _mm_and_si128(_mm_slli_epi16(in.before, 6), Bytes(0xC0));
+    const __m128i tailLow = _mm_or_si128(_mm_and_si128(in.now, Bytes(0x3F)), upLow);
+    const __m128i middle = _mm_and_si128(_mm_srli_epi16(in.before, 2), Bytes(0x0F));
+    const __m128i top = _mm_and_si128(_mm_and_si128(_mm_slli_epi16(in.beforeThat, 4), Bytes(0xF0)),
+                                      AtLeast(in.beforeThat, 0xE0));
+    const __m128i low =
+        _mm_or_si128(_mm_and_si128(isTail, tailLow), _mm_andnot_si128(isTail, in.now));
+    const __m128i high = _mm_and_si128(_mm_or_si128(middle, top), isTail);
+    auto* const to = reinterpret_cast<__m128i*>(units);
+    _mm_store_si128(to, _mm_unpacklo_epi8(low, high));
+    _mm_store_si128(to + 1, _mm_unpackhi_epi8(low, high));
+}
+
+/// How many bytes before `at` belong to a sequence that ends at or behind it.
+size_t CutBefore(const char* bytes, size_t at) {
+    const auto lead = [bytes, at](size_t back) { return static_cast<uint8_t>(bytes[at - back]); };
+    return lead(1) >= 0xC0 ? 1 : lead(2) >= 0xE0 ? 2 : 0;
+}
+
 bool IsTail(uint8_t byte) {
     return (byte & 0xC0) == 0x80;
 }
@@ -50,16 +113,11 @@ struct Run {
     }
 };
 
-/// One sequence of at most three bytes; false for anything else. Three bytes can be read.
+/// One sequence of two or three bytes; false for anything else. Three bytes can be read.
 template <typename Unit>
 bool ConvertOne(Run<Unit>& run) {
     const auto* const at = reinterpret_cast<const uint8_t*>(run.bytes + run.read);
     const unsigned lead = at[0];
-    if (lead < 0x80) {
-        *run.out++ = static_cast<Unit>(lead);
-        run.read += 1;
-        return true;
-    }
     if (lead >= 0xC2 && lead < 0xE0 && IsTail(at[1])) {
         *run.out++ = static_cast<Unit>((lead & 0x1F) << 6 | (at[1] & 0x3Fu));
         run.read += 2;
@@ -77,20 +135,26 @@ bool ConvertOne(Run<Unit>& run) {
     return true;
 }
 
-/// Characters one by one until sixteen bytes of ASCII come next. False at anything unusual.
+/// Dense text, for as long as it stays dense and ordinary. Needs two bytes before it.
 template <typename Unit>
-bool ConvertDense(Run<Unit>& run) {
+void ConvertDense(Run<Unit>& run) {
+    alignas(16) uint16_t units[kVector];
     while (run.HasBlock()) {
-        if (run.bytes[run.read] >= 0 && MaskOf(Load(run.bytes + run.read)) == 0) {
-            return true;
+        const char* const at = run.bytes + run.read;
+        const Window in{Load(at), Load(at - 1), Load(at - 2)};
+        if (MaskOf(in.now) == 0 || !IsOrdinary(in)) {
+            break;
         }
-        for (int characters = 0; characters < 8; ++characters) {
-            if (!ConvertOne(run)) {
-                return false;
-            }
+        StoreUnits(in, units);
+        uint32_t ends = EndsOf(in);
+        for (const uint16_t unit : units) {
+            *run.out = static_cast<Unit>(unit);
+            run.out += ends & 1;
+            ends >>= 1;
         }
+        run.read += kVector;
     }
-    return true;
+    run.read -= CutBefore(run.bytes, run.read);  // nothing of a cut sequence was written
 }
 
 /// Widens a block; returns how much of its beginning was ASCII.
@@ -103,6 +167,12 @@ size_t WidenBlock(const Run<Unit>& run) {
         beyond |= static_cast<uint64_t>(MaskOf(bytes)) << at;
     }
     return beyond == 0 ? kBlock : static_cast<size_t>(std::countr_zero(beyond));
+}
+
+/// Whether more than a few of the next 16 bytes are beyond ASCII.
+template <typename Unit>
+bool IsDense(const Run<Unit>& run) {
+    return std::popcount(MaskOf(Load(run.bytes + run.read))) >= 4;
 }
 
 }  // namespace
@@ -118,8 +188,8 @@ KernelProgress Utf8ToUnitsSse2(const char* bytes, size_t size, size_t from, Unit
         run.out += plain;
         if (plain < kBlock && run.HasBlock()) {
             ordinary = ConvertOne(run);
-            if (ordinary && run.HasBlock() && run.bytes[run.read] < 0) {
-                ordinary = ConvertDense(run);
+            if (ordinary && run.HasBlock() && IsDense(run)) {
+                ConvertDense(run);
             }
         }
     }
@@ -133,10 +203,8 @@ size_t CountUnitsSse2(const char* bytes, size_t size) {
     size_t at = 0;
     for (; size - at >= kVector; at += kVector) {
         const __m128i now = Load(bytes + at);
-        const __m128i tails = _mm_cmplt_epi8(now, _mm_set1_epi8(-64));  // signed: 80 to BF
-        const __m128i fours = _mm_cmpeq_epi8(_mm_max_epu8(now, _mm_set1_epi8(-16)), now);
-        count += kVector + static_cast<size_t>(std::popcount(MaskOf(fours))) -
-                 static_cast<size_t>(std::popcount(MaskOf(tails)));
+        count += kVector + static_cast<size_t>(std::popcount(MaskOf(AtLeast(now, 0xF0)))) -
+                 static_cast<size_t>(std::popcount(MaskOf(TailsIn(now))));
     }
     for (; at < size; ++at) {
         const auto byte = static_cast<uint8_t>(bytes[at]);

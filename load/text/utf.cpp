@@ -51,8 +51,16 @@ size_t CountUtf8(std::wstring_view units) {
     return CountUtf8Of(units);
 }
 
-void UnitsToUtf8(std::wstring_view units, char* out) {
-    UnitsToUtf8At(units, out);
+size_t UnitsToUtf8(std::wstring_view units, char* out) {
+    return static_cast<size_t>(UnitsToUtf8At(units, out) - out);
+}
+
+std::wstring_view PrefixOfWholePairs(std::wstring_view text, size_t size) {
+    if (size >= text.size() || size == 0) {
+        return text.substr(0, size);
+    }
+    const bool parts = CharacterAt(text.substr(size - 1)).units == 2;
+    return text.substr(0, parts ? size - 1 : size);
 }
 
 void BytesToUnits(std::string_view bytes, ByteOrder order, wchar_t* out) {

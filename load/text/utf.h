@@ -29,8 +29,13 @@ struct Progress {
 /// The bytes that `UnitsToUtf8` writes.
 [[nodiscard]] size_t CountUtf8(std::wstring_view units);
 
-/// Converts to UTF-8; an unpaired surrogate becomes U+FFFD. `out` has room for `CountUtf8` bytes.
-void UnitsToUtf8(std::wstring_view units, char* out);
+/// Converts to UTF-8; an unpaired surrogate becomes U+FFFD. Writes `CountUtf8` bytes, for which
+/// `out` has room, and returns how many those are.
+size_t UnitsToUtf8(std::wstring_view units, char* out);
+
+/// The beginning of `text` of at most `size` units, one less where that would part a pair; never
+/// empty when `text` is not and `size` is at least 2.
+[[nodiscard]] std::wstring_view PrefixOfWholePairs(std::wstring_view text, size_t size);
 
 enum class ByteOrder { Little, Big };
 

@@ -84,9 +84,9 @@ template <typename Unit>
     return bytes;
 }
 
-/// Writes `CountUtf8Of` bytes.
+/// Writes `CountUtf8Of` bytes and returns the position behind them.
 template <typename Unit>
-void UnitsToUtf8At(std::basic_string_view<Unit> text, char* out) {
+char* UnitsToUtf8At(std::basic_string_view<Unit> text, char* out) {
     while (!text.empty()) {
         if constexpr (kHasKernels<Unit>) {
             const size_t ascii = simd::PackAsciiSse2(text.data(), text.size(), out);
@@ -102,6 +102,7 @@ void UnitsToUtf8At(std::basic_string_view<Unit> text, char* out) {
             beyond = next.point >= 0x80 || text.size() < 16;
         }
     }
+    return out;
 }
 
 }  // namespace rl::utf

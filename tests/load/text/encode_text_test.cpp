@@ -105,6 +105,29 @@ TEST(EncodeText, GivesLongTextsBackUnchanged) {
     EXPECT_EQ(Encode(text, found), bytes);
 }
 
+TEST(EncodeText, GivesATextBackThatItsSamplesMisjudge) {
+    // Every sampled stretch is ASCII, everything between them Chinese.
+    std::wstring text(4'194'304, L'\x4F60');
+    for (size_t at = 0; at < text.size(); at += text.size() / 256) {
+        text.replace(at, 256, 256, L'a');
+    }
+    const std::string bytes = Encode(text, {.name = L"UTF-8", .hasBom = true});
+    EXPECT_EQ(bytes.size(), 3 + 65'536 + 3u * (4'194'304 - 65'536));
+    TextEncoding found;
+    EXPECT_EQ(DecodeText(bytes, {}, found), text);
+    EXPECT_TRUE(found.hasBom);
+}
+
+TEST(EncodeText, PartsNoPairWhereItPauses) {
+    std::wstring text(1, L'a');
+    while (text.size() < 300'000) {
+        text += kSmile;
+    }
+    const std::string bytes = Encode(text, {.name = L"UTF-8"});
+    EXPECT_EQ(bytes.size(), 1 + 4 * (text.size() / 2));
+    EXPECT_EQ(bytes.find("\xEF\xBF\xBD"), std::string::npos);
+}
+
 TEST(EncodeText, GivesLongTextsOfACodePageBackUnchanged) {
     std::string bytes;
     while (bytes.size() < 300'000) {

@@ -112,6 +112,16 @@ TEST(UnitsToUtf8At, WritesSurrogatesPairedAcrossEveryStep) {
     }
 }
 
+TEST(PrefixOfWholePairs, PartsNoPair) {
+    const std::wstring text = Units({'a', 0xD83D, 0xDE00, 'b', 0xD83D});
+    EXPECT_EQ(PrefixOfWholePairs(text, 1).size(), 1u);
+    EXPECT_EQ(PrefixOfWholePairs(text, 2).size(), 1u);
+    EXPECT_EQ(PrefixOfWholePairs(text, 3).size(), 3u);
+    EXPECT_EQ(PrefixOfWholePairs(text, 9).size(), 5u);
+    EXPECT_EQ(PrefixOfWholePairs(Units({0xDE00, 0xD83D, 0xD83D, 'a'}), 2).size(), 2u);
+    EXPECT_EQ(PrefixOfWholePairs(L"", 4).size(), 0u);
+}
+
 TEST(CountUtf8Of, CountsLongTexts) {
     constexpr size_t kSize = 3'000'000;
     EXPECT_EQ(CountUtf8Of(TextView(Text(kSize, static_cast<simd::TextUnit>('a')))), kSize);
