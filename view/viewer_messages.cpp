@@ -193,7 +193,10 @@ Answer Viewer::OnDpiChanged() {
 
 Answer Viewer::OnChildMessage(HWND child, const Message& in) {
     if (child == grid_.Window()) {
-        return std::nullopt;  // the grid tells its listener
+        // A right click on the header has been told already; some systems then ask once more.
+        const bool again =
+            in.id == WM_CONTEXTMENU && reinterpret_cast<HWND>(in.wparam) == grid_.Header();
+        return again ? Answer(0) : std::nullopt;  // anything else the grid tells its listener
     }
     if (in.id == WM_MOUSEWHEEL) {
         return OnWheel(in.wparam);
