@@ -141,16 +141,19 @@ public:
 
     CsvScanResult Run(detail::CsvScanRun<Unit> run) {
         constexpr size_t kNeeded = detail::kCsvScanBlock + detail::kCsvScanAhead;
+        // Counted over the whole text: a run also ends, mostly much earlier, when its room is full.
+        size_t limit = kUnitsBetweenQuestions;
         StartAt(0);
         while (text_.size() - state_.position >= kNeeded && !reader_.result.abandoned) {
-            const size_t limit = state_.position + kUnitsBetweenQuestions;
             const CsvRecordStore::Room room = records_.OpenRoom();
             records_.Commit(
                 run(text_.data(), text_.size(), limit, rules_, state_, room.begin, room.end));
             if (state_.atComment) {
                 StartAt(state_.recordStart);
-            } else if (state_.position >= limit) {
-                reader_.result.abandoned = abandoned_ && abandoned_();
+            }
+            if (state_.position >= limit) {
+                limit = state_.position + kUnitsBetweenQuestions;
+                reader_.result.abandoned = reader_.result.abandoned || (abandoned_ && abandoned_());
             }
         }
         reader_.ReadAll(state_.recordStart, records_);
