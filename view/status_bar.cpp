@@ -3,13 +3,17 @@
 
 #include <commctrl.h>
 
+#include <string>
+
 #include "view/control.h"
+#include "view/paint_scope.h"
 
 namespace rl {
 
 bool StatusBar::Create(HWND parent) {
     window_ = CreateStatusWindowW(WS_CHILD | WS_VISIBLE, L"", parent, kStatusBarId);
-    return window_ != nullptr;
+    return window_ != nullptr &&
+           subclass_.Attach(window_, [this](HWND, const Message& in) { return OnMessage(in); });
 }
 
 void StatusBar::Update(const StatusTexts& texts, int dpi) {
@@ -24,7 +28,51 @@ void StatusBar::Update(const StatusTexts& texts, int dpi) {
 }
 
 void StatusBar::SetColors(const ThemeColors& colors) {
+    colors_ = colors;
     SetControlDark(window_, colors.dark);
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
+Answer StatusBar::OnMessage(const Message& in) const {
+    if (!colors_.dark) {
+        return std::nullopt;
+    }
+    switch (in.id) {
+        case WM_ERASEBKGND: return TRUE;
+        case WM_PAINT: PaintDark(); return 0;
+        default: return std::nullopt;
+    }
+}
+
+void StatusBar::PaintDark() const {
+    const PaintScope paint(window_);
+    const HDC dc = paint.Dc();
+    FillSolid(dc, ClientRect(window_), colors_.headerBack);
+    const SelectScope font(dc, reinterpret_cast<HFONT>(SendMessageW(window_, WM_GETFONT, 0, 0)));
+    const int mode = SetBkMode(dc, TRANSPARENT);
+    const COLORREF previous = SetTextColor(dc, colors_.headerText);
+    for (int part = 0; part < static_cast<int>(kStatusPartCount); ++part) {
+        PaintPart(dc, part);
+    }
+    SetTextColor(dc, previous);
+    SetBkMode(dc, mode);
+}
+
+void StatusBar::PaintPart(HDC dc, int part) const {
+    constexpr int kLineWeight = 64;  // of MixColors
+    const auto index = static_cast<WPARAM>(part);
+    RECT bounds{};
+    SendMessageW(window_, SB_GETRECT, index, reinterpret_cast<LPARAM>(&bounds));
+    const Rect rect = FromRECT(bounds);
+    if (part > 0) {
+        FillSolid(dc, {rect.left - 1, rect.top, 1, rect.height},
+                  MixColors(colors_.headerBack, colors_.headerText, kLineWeight));
+    }
+    const LRESULT length = LOWORD(SendMessageW(window_, SB_GETTEXTLENGTHW, index, 0));
+    std::wstring text(static_cast<size_t>(length) + 1, L'\0');
+    SendMessageW(window_, SB_GETTEXTW, index, reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<size_t>(length));
+    DrawIn(dc, rect, text, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 int StatusBar::FitToParent() {

@@ -5,9 +5,12 @@
 
 #include "host/config/themes.h"
 #include "view/logic/status_cells.h"
+#include "view/subclass.h"
 
 namespace rl {
 
+/// The system's bar, in its own colours with a light theme and in ours with a dark one: there is no
+/// dark look of the system for it.
 class StatusBar {
 public:
     /// False when the system refuses.
@@ -22,7 +25,13 @@ public:
     int FitToParent();
 
 private:
+    Answer OnMessage(const Message& in) const;
+    void PaintDark() const;
+    void PaintPart(HDC dc, int part) const;
+
     HWND window_ = nullptr;
+    ThemeColors colors_;
+    Subclass subclass_;
 };
 
 }  // namespace rl

@@ -27,6 +27,7 @@ bool ValuePane::Create(HWND parent) {
     }
     SendMessageW(window_, EM_SETLIMITTEXT, static_cast<WPARAM>(std::numeric_limits<int>::max() - 1),
                  0);
+    names_.Set(window_, L"Value");
     return subclass_.Attach(window_, [this](HWND, const Message& in) { return OnMessage(in); });
 }
 
@@ -50,6 +51,7 @@ Answer ValuePane::OnMessage(const Message& in) {
     switch (in.id) {
         case WM_GETTEXTLENGTH: return static_cast<LRESULT>(HeldText().size());
         case WM_GETTEXT: return AnswerText(reinterpret_cast<wchar_t*>(in.lparam), in.wparam);
+        case WM_DESTROY: names_.Clear(window_); return std::nullopt;
         case WM_COPY: CopySelection(); return 0;
         case WM_TIMER:
             if (in.wparam == kRestTimer) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "view/accessible_name.h"
 #include "view/subclass.h"
 
 namespace rl {
@@ -30,6 +31,7 @@ private:
     HWND window_ = nullptr;
     std::wstring text_;  // only while a part of it is not yet shown
     size_t shown_ = 0;   // units of it
+    AccessibleNames names_;
     Subclass subclass_;
 };
 

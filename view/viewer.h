@@ -135,7 +135,6 @@ private:
     void StartLoad();
     Answer OnLoadFinished();
     void Adopt(detail::LoadedDoc& doc);
-    void ShowDocument();
     void FailLoad(const std::wstring& error);
     bool AskToSave(SaveReason reason);
 
