@@ -72,13 +72,12 @@ wchar_t NamedDelimiter(std::wstring_view text) {
 /// Walks a text from row to row and counts the candidates that stand outside quotes.
 class CandidateCounter {
 public:
-    CandidateCounter(std::wstring_view text, wchar_t quoteChar,
-                     const std::function<bool()>& abandoned)
+    CandidateCounter(std::wstring_view text, wchar_t quoteChar, const AbandonCheck& abandoned)
         : text_(text), quoteChar_(quoteChar), abandoned_(abandoned) {}
 
     /// Goes to the next row in which a candidate stands. False at the end of the text.
     bool Next(Counts& counts) {
-        while (position_ < text_.size() && !gaveUp_) {
+        while (position_ < text_.size() && !GivesUp()) {
             if (IsLineBreak(text_[position_])) {
                 ++position_;
             } else if (IsCommentLine(text_, position_)) {
@@ -103,7 +102,7 @@ private:
         bool any = false;
         for (; position_ < text_.size(); ++position_) {
             const wchar_t unit = text_[position_];
-            if (position_ >= nextQuestion_ && GivesUp()) {
+            if (GivesUp()) {
                 break;
             }
             if (unit == quoteChar_) {
@@ -121,14 +120,16 @@ private:
     }
 
     bool GivesUp() {
-        nextQuestion_ = position_ + kUnitsBetweenQuestions;
-        gaveUp_ = abandoned_ && abandoned_();
+        if (position_ >= nextQuestion_ && !gaveUp_) {
+            nextQuestion_ = position_ + kUnitsBetweenQuestions;
+            gaveUp_ = IsAbandoned(abandoned_);
+        }
         return gaveUp_;
     }
 
     std::wstring_view text_;
     wchar_t quoteChar_;
-    const std::function<bool()>& abandoned_;
+    const AbandonCheck& abandoned_;
     size_t position_ = 0;
     size_t nextQuestion_ = kUnitsBetweenQuestions;
     bool gaveUp_ = false;
@@ -156,8 +157,7 @@ bool IsCommentLine(std::u16string_view text, size_t position) {
     return IsComment(text, position);
 }
 
-wchar_t DetectDelimiter(std::wstring_view text, wchar_t quoteChar,
-                        const std::function<bool()>& abandoned) {
+wchar_t DetectDelimiter(std::wstring_view text, wchar_t quoteChar, const AbandonCheck& abandoned) {
     if (const wchar_t named = NamedDelimiter(text); named != 0) {
         return named;
     }

@@ -9,8 +9,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string_view>
+
+#include "load/text/abandon_check.h"
 
 namespace rl {
 
@@ -23,7 +24,7 @@ namespace rl {
 /// the first five rows holding any of them agree on best, or a comma. Reads no further than these
 /// rows. `abandoned` is asked every few million units; once it answers true the answer is a comma.
 [[nodiscard]] wchar_t DetectDelimiter(std::wstring_view text, wchar_t quoteChar,
-                                      const std::function<bool()>& abandoned = {});
+                                      const AbandonCheck& abandoned = {});
 
 /// The text's first line break: "\r\n", "\n" or "\r"; "\r\n" for a text without any.
 [[nodiscard]] std::wstring_view DetectLineEnding(std::wstring_view text);

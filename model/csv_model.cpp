@@ -81,8 +81,7 @@ CsvModel::CsvModel() : state_(std::make_unique<detail::CsvModelState>()) {}
 
 CsvModel::~CsvModel() = default;
 
-bool CsvModel::Parse(std::wstring text, const CsvOptions& options,
-                     const std::function<bool()>& abandoned) {
+bool CsvModel::Parse(std::wstring text, const CsvOptions& options, const AbandonCheck& abandoned) {
     detail::CsvModelState& my = *state_;
     my.Clear();
     my.text = std::move(text);

@@ -8,11 +8,11 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "load/text/abandon_check.h"
 #include "load/text/text_encoding.h"
 #include "model/csv_options.h"
 #include "model/table_model.h"
@@ -35,7 +35,7 @@ public:
     /// every few million units; once it answers true the parse stops there and answers false, and
     /// what stands in the model is then good for nothing but being parsed anew or destroyed.
     [[nodiscard]] bool Parse(std::wstring text, const CsvOptions& options,
-                             const std::function<bool()>& abandoned = {});
+                             const AbandonCheck& abandoned = {});
 
     [[nodiscard]] int32_t RowCount() const override;
     [[nodiscard]] int32_t ColumnCount() const override;

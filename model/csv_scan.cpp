@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "load/text/abandon_check.h"
 #include "load/text/cpu_features.h"
 #include "model/csv_dialect.h"
 #include "model/csv_scan_kernel.h"
@@ -22,12 +23,12 @@ template <typename Unit>
 class RecordReader {
 public:
     RecordReader(std::basic_string_view<Unit> text, const CsvScanRules& rules,
-                 const std::function<bool()>& abandoned)
+                 const AbandonCheck& abandoned)
         : text_(text), rules_(rules), abandoned_(abandoned) {}
 
     /// Appends records from `position` to the end of the text.
     void ReadAll(size_t position, CsvRecordStore& records) {
-        while (position < text_.size() && !result.abandoned) {
+        while (position < text_.size() && !IsUnwanted(position)) {
             const CsvRowSpan record = Read(position);
             records.Append(record);
             position = EndOf(record);
@@ -55,20 +56,22 @@ public:
         return record;
     }
 
+    /// Asks now and then whether anybody still waits for the records; remembers the answer no.
+    bool IsUnwanted(size_t position) {
+        if (position >= nextQuestion_ && !result.abandoned) {
+            nextQuestion_ = position + kUnitsBetweenQuestions;
+            result.abandoned = IsAbandoned(abandoned_);
+        }
+        return result.abandoned;
+    }
+    /// The position from which on it asks again.
+    [[nodiscard]] size_t NextQuestion() const noexcept { return nextQuestion_; }
+
     CsvScanResult result;
 
 private:
-    bool IsUnwanted(size_t position) {
-        if (position < nextQuestion_) {
-            return false;
-        }
-        nextQuestion_ = position + kUnitsBetweenQuestions;
-        result.abandoned = result.abandoned || (abandoned_ && abandoned_());
-        return result.abandoned;
-    }
-
     size_t LineEnd(size_t position) {
-        while (position < text_.size() && !IsLineBreak(text_[position])) {
+        while (position < text_.size() && !IsLineBreak(text_[position]) && !IsUnwanted(position)) {
             ++position;
         }
         return position;
@@ -105,7 +108,7 @@ private:
 
     std::basic_string_view<Unit> text_;
     const CsvScanRules& rules_;
-    const std::function<bool()>& abandoned_;
+    const AbandonCheck& abandoned_;
     size_t nextQuestion_ = kUnitsBetweenQuestions;
 };
 
@@ -132,28 +135,21 @@ template <typename Unit>
 class FastScan {
 public:
     FastScan(std::basic_string_view<Unit> text, const CsvScanRules& rules, CsvRecordStore& records,
-             const std::function<bool()>& abandoned)
-        : text_(text),
-          rules_(rules),
-          records_(records),
-          abandoned_(abandoned),
-          reader_(text, rules, abandoned) {}
+             const AbandonCheck& abandoned)
+        : text_(text), rules_(rules), records_(records), reader_(text, rules, abandoned) {}
 
     CsvScanResult Run(detail::CsvScanRun<Unit> run) {
         constexpr size_t kNeeded = detail::kCsvScanBlock + detail::kCsvScanAhead;
         // Counted over the whole text: a run also ends, mostly much earlier, when its room is full.
         size_t limit = kUnitsBetweenQuestions;
         StartAt(0);
-        while (text_.size() - state_.position >= kNeeded && !reader_.result.abandoned) {
+        while (text_.size() - state_.position >= kNeeded && !reader_.IsUnwanted(state_.position)) {
+            const size_t limit = reader_.NextQuestion();
             const CsvRecordStore::Room room = records_.OpenRoom();
             records_.Commit(
                 run(text_.data(), text_.size(), limit, rules_, state_, room.begin, room.end));
             if (state_.atComment) {
                 StartAt(state_.recordStart);
-            }
-            if (state_.position >= limit) {
-                limit = state_.position + kUnitsBetweenQuestions;
-                reader_.result.abandoned = reader_.result.abandoned || (abandoned_ && abandoned_());
             }
         }
         reader_.ReadAll(state_.recordStart, records_);
@@ -165,7 +161,7 @@ private:
     /// Opens the record at `position`, or the first one after the comments that stand there.
     void StartAt(size_t position) {
         bool isComment = IsCommentLine(text_, position);
-        while (isComment && !rules_.splitComments) {
+        while (isComment && !rules_.splitComments && !reader_.IsUnwanted(position)) {
             const CsvRowSpan record = reader_.Read(position);
             records_.Append(record);
             position = EndOf(record);
@@ -180,15 +176,13 @@ private:
     std::basic_string_view<Unit> text_;
     const CsvScanRules& rules_;
     CsvRecordStore& records_;
-    const std::function<bool()>& abandoned_;
     RecordReader<Unit> reader_;
     detail::CsvScanState state_;
 };
 
 template <typename Unit>
 CsvScanResult Scan(std::basic_string_view<Unit> text, const CsvScanRules& rules,
-                   CsvRecordStore& records, const std::function<bool()>& abandoned,
-                   CsvScanKernel kernel) {
+                   CsvRecordStore& records, const AbandonCheck& abandoned, CsvScanKernel kernel) {
     text = text.substr(0, kMaxCsvUnits);
     if (const detail::CsvScanRun<Unit> run = FastRun<Unit>(rules, kernel); run != nullptr) {
         return FastScan<Unit>(text, rules, records, abandoned).Run(run);
@@ -213,13 +207,13 @@ CsvScanKernel BestCsvScanKernel() {
 }
 
 CsvScanResult ScanRecords(std::wstring_view text, const CsvScanRules& rules,
-                          CsvRecordStore& records, const std::function<bool()>& abandoned,
+                          CsvRecordStore& records, const AbandonCheck& abandoned,
                           CsvScanKernel kernel) {
     return Scan(text, rules, records, abandoned, kernel);
 }
 
 CsvScanResult ScanRecords(std::u16string_view text, const CsvScanRules& rules,
-                          CsvRecordStore& records, const std::function<bool()>& abandoned,
+                          CsvRecordStore& records, const AbandonCheck& abandoned,
                           CsvScanKernel kernel) {
     return Scan(text, rules, records, abandoned, kernel);
 }

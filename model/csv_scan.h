@@ -8,9 +8,9 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string_view>
 
+#include "load/text/abandon_check.h"
 #include "model/csv_records.h"
 
 namespace rl {
@@ -42,10 +42,10 @@ enum class CsvScanKernel { Plain, Sse2, Avx2 };
 /// Appends all records of `text` to `records`. `abandoned`, when given, is asked every few million
 /// units. Units wider than 16 bits, and delimiters or quotes beyond U+00FE, take the plain loop.
 CsvScanResult ScanRecords(std::wstring_view text, const CsvScanRules& rules,
-                          CsvRecordStore& records, const std::function<bool()>& abandoned = {},
+                          CsvRecordStore& records, const AbandonCheck& abandoned = {},
                           CsvScanKernel kernel = BestCsvScanKernel());
 CsvScanResult ScanRecords(std::u16string_view text, const CsvScanRules& rules,
-                          CsvRecordStore& records, const std::function<bool()>& abandoned = {},
+                          CsvRecordStore& records, const AbandonCheck& abandoned = {},
                           CsvScanKernel kernel = BestCsvScanKernel());
 
 }  // namespace rl

@@ -147,6 +147,20 @@ TEST(DetectDelimiter, LooksAtFiveRowsThatHoldACandidate) {
         L';');
 }
 
+TEST(DetectDelimiter, StopsAmongCommentsAndBlankLinesToo) {
+    std::wstring text(size_t{9} << 20, L'\n');
+    int asked = 0;
+    const auto stop = [&asked] { return ++asked == 1; };
+    EXPECT_EQ(DetectDelimiter(text + L"a;b\n", L'"', stop), L',');
+    for (size_t i = 0; i < text.size(); i += 4) {
+        text[i] = L'#';
+    }
+    EXPECT_EQ(DetectDelimiter(text + L"a;b\n", L'"', [] { return false; }), L';');
+    asked = 0;
+    EXPECT_EQ(DetectDelimiter(text + L"a;b\n", L'"', stop), L',');
+    EXPECT_EQ(asked, 1);
+}
+
 TEST(DetectDelimiter, StopsWhenNobodyWantsTheAnswer) {
     std::wstring text(size_t{9} << 20, L'x');
     text += L"\na;b\n";

@@ -167,13 +167,16 @@ TEST(ScanRecords, AgreesOnRandomText) {
 }
 
 TEST(ScanRecords, AsksEachFewMillionUnitsWhetherToGoOn) {
-    const std::u16string text(size_t{20} << 20, u'x');
-    for (const CsvScanKernel kernel : {CsvScanKernel::Plain, BestCsvScanKernel()}) {
-        CsvRecordStore store;
-        int asked = 0;
-        const auto stop = [&asked] { return ++asked == 3; };
-        EXPECT_TRUE(ScanRecords(text, {}, store, stop, kernel).abandoned);
-        EXPECT_EQ(asked, 3);
+    // Long records, short ones, and comments that the fast scan leaves to the plain one.
+    for (const std::u16string_view piece : {u"xxxxxxxxxxxxxxxx", u"a,b\n", u"#\n"}) {
+        const std::u16string text = Repeated(piece, (size_t{20} << 20) / piece.size());
+        for (const CsvScanKernel kernel : {CsvScanKernel::Plain, BestCsvScanKernel()}) {
+            CsvRecordStore store;
+            int asked = 0;
+            const auto stop = [&asked] { return ++asked == 3; };
+            EXPECT_TRUE(ScanRecords(text, {.splitComments = false}, store, stop, kernel).abandoned);
+            EXPECT_EQ(asked, 3);
+        }
     }
 }
 
