@@ -11,6 +11,9 @@ namespace rl::bench {
 [[nodiscard]] size_t MemoryNow();
 [[nodiscard]] size_t MemoryPeak();
 
+/// Time the processor has spent on this process, in the system's calls too.
+[[nodiscard]] double ProcessorSeconds();
+
 /// Runs a program and returns what it wrote to its standard output; empty when it failed.
 [[nodiscard]] std::string RunProgram(const std::vector<std::string>& command);
 

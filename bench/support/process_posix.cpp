@@ -1,4 +1,6 @@
 // The system calls of native benchmarks.
+#include <time.h>
+
 #include <array>
 #include <cstdio>
 #include <fstream>
@@ -30,6 +32,12 @@ size_t MemoryNow() {
 
 size_t MemoryPeak() {
     return StatusBytes("VmHWM:");
+}
+
+double ProcessorSeconds() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
 std::string RunProgram(const std::vector<std::string>& command) {

@@ -4,6 +4,7 @@
 #include <psapi.h>
 
 #include <array>
+#include <cstdint>
 
 #include "bench/support/process.h"
 #include "load/files/unique_handle.h"
@@ -44,6 +45,19 @@ size_t MemoryNow() {
 
 size_t MemoryPeak() {
     return Counters().PeakWorkingSetSize;
+}
+
+double ProcessorSeconds() {
+    FILETIME created{};
+    FILETIME ended{};
+    FILETIME kernel{};
+    FILETIME user{};
+    GetProcessTimes(GetCurrentProcess(), &created, &ended, &kernel, &user);
+    const auto seconds = [](const FILETIME& time) {
+        const uint64_t ticks = uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime;
+        return static_cast<double>(ticks) / 1e7;
+    };
+    return seconds(kernel) + seconds(user);
 }
 
 std::string RunProgram(const std::vector<std::string>& command) {

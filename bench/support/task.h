@@ -7,7 +7,6 @@
 // runs. Ours and the peer's take turns, so that both see the same disturbances.
 #pragma once
 
-#include <chrono>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -36,7 +35,7 @@ public:
 
 private:
     size_t before_;
-    std::chrono::steady_clock::time_point start_;
+    double start_;  // seconds
 };
 
 enum class Warmth { Cold, Warm };
