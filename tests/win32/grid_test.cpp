@@ -281,6 +281,26 @@ TEST(Grid, MeasuresOnlyTheFirstAndTheLastRowForTwoSamples) {
     EXPECT_LT(width(1), width(2));
 }
 
+TEST(Grid, AsksForEachSampledCellOnceToMeasure) {
+    GridWindow window(ManyRows(5000, 4), {.headerRow = false});
+    window.Reset();
+    window.grid.RecomputeWidths();
+
+    EXPECT_EQ(window.table.asked, 1000 * 4);
+    EXPECT_EQ(window.table.rowsEntered, 1000);
+}
+
+TEST(Grid, CentresRowsAndHeaderForTheFontsOfTheDpi) {
+    GridWindow small(Towns());
+    GridWindow large(Towns(), {.dpi = 192});
+    const RECT row = small.grid.CellBounds({0, 0});
+    const RECT tall = large.grid.CellBounds({0, 0});
+
+    EXPECT_GT(tall.bottom - tall.top, (row.bottom - row.top) * 3 / 2);
+    EXPECT_GT(ClientRect(large.grid.Header()).height,
+              ClientRect(small.grid.Header()).height * 3 / 2);
+}
+
 TEST(Grid, NeverCapsALoneColumn) {
     const std::wstring longText(2000, L'm');
     GridWindow lone({{L"h"}, {longText}});
