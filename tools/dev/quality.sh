@@ -15,7 +15,7 @@ cmd_format() {
 tidy_windows() {
   local gcc=/usr/lib/gcc/x86_64-w64-mingw32/12-posix/include
   clang-tidy-16 --quiet -p build/mingw-release \
-    --extra-arg=--target=x86_64-w64-mingw32 \
+    --extra-arg=--target=x86_64-w64-mingw32 --extra-arg=-std=c++2b \
     --extra-arg=-isystem --extra-arg=$gcc/c++ \
     --extra-arg=-isystem --extra-arg=$gcc/c++/x86_64-w64-mingw32 "$@"
 }
