@@ -53,7 +53,6 @@ Answer ValuePane::OnMessage(const Message& in) {
         case WM_GETTEXT: return AnswerText(reinterpret_cast<wchar_t*>(in.lparam), in.wparam);
         case WM_DESTROY: names_.Clear(window_); return std::nullopt;
         case WM_COPY: CopySelection(); return 0;
-        case WM_DESTROY: names_.Clear(window_); return std::nullopt;
         case WM_TIMER:
             if (in.wparam == kRestTimer) {
                 AppendChunk();
