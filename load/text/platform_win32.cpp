@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 #include "load/text/platform.h"
@@ -120,22 +121,30 @@ int Collate(std::wstring_view left, std::wstring_view right) {
 
 std::string CollationKey(std::wstring_view text) {
     const std::optional<int> length = SystemLength(text.size());
-    constexpr DWORD kFlags = LCMAP_SORTKEY | kCollation;
-    const int size = length && !text.empty()
-                         ? LCMapStringEx(LOCALE_NAME_USER_DEFAULT, kFlags, text.data(), *length,
-                                         nullptr, 0, nullptr, nullptr, 0)
-                         : 0;
-    std::string key;
-    if (size <= 0) {
-        return key;
+    if (!length) {
+        return {};
     }
-    // A sort key is counted and written in bytes, whatever the parameter's type says.
-    key.resize_and_overwrite(static_cast<size_t>(size), [&](char* out, size_t) {
-        const int written =
-            LCMapStringEx(LOCALE_NAME_USER_DEFAULT, kFlags, text.data(), *length,
-                          reinterpret_cast<wchar_t*>(out), size, nullptr, nullptr, 0);
-        return static_cast<size_t>(std::max(written, 0));
-    });
+    // The system takes no length of 0; a text that ends at once has the key of ignorable ones.
+    const wchar_t* from = text.empty() ? L"" : text.data();
+    const int count = text.empty() ? -1 : *length;
+    const auto map = [&](char* out, int size) {
+        // A sort key is counted and written in bytes, whatever the parameter's type says.
+        return LCMapStringEx(LOCALE_NAME_USER_DEFAULT, LCMAP_SORTKEY | kCollation, from, count,
+                             reinterpret_cast<wchar_t*>(out), size, nullptr, nullptr, 0);
+    };
+    // Most keys are short: asking for the size first would double the time.
+    std::array<char, 512> buffer;
+    const int written = map(buffer.data(), static_cast<int>(buffer.size()));
+    if (written > 0) {
+        return {buffer.data(), static_cast<size_t>(written)};
+    }
+    std::string key;
+    const int size = map(nullptr, 0);
+    if (size > 0) {
+        key.resize_and_overwrite(static_cast<size_t>(size), [&](char* out, size_t) {
+            return static_cast<size_t>(std::max(map(out, size), 0));
+        });
+    }
     return key;
 }
 
