@@ -52,6 +52,12 @@ Answer ValuePane::OnMessage(const Message& in) {
         case WM_GETTEXTLENGTH: return static_cast<LRESULT>(HeldText().size());
         case WM_GETTEXT: return AnswerText(reinterpret_cast<wchar_t*>(in.lparam), in.wparam);
         case WM_DESTROY: names_.Clear(window_); return std::nullopt;
+        case WM_KEYDOWN:
+            if (in.wparam != 'A' || !IsKeyDown(VK_CONTROL)) {
+                return std::nullopt;
+            }
+            SendMessageW(window_, EM_SETSEL, 0, -1);
+            return 0;
         case WM_COPY: CopySelection(); return 0;
         case WM_TIMER:
             if (in.wparam == kRestTimer) {

@@ -12,14 +12,12 @@ ViewSettings CaptureViewSettings() {
     using settings::Get;
     using settings::IsOn;
     ViewSettings out;
-    out.treeOutline = IsOn(settings::kTreeOutline);
     out.valuePane = IsOn(settings::kValuePane);
     out.headerRow = IsOn(settings::kHeaderRow);
     out.filterRow = IsOn(settings::kFilterRow);
     out.lineNumbers = IsOn(settings::kShowLineNumbers);
     out.decimalAlign = IsOn(settings::kDecimalAlign);
     out.gridLines = !IsOn(settings::kDisableGridLines);
-    out.skipComments = Get(settings::kSkipComments);
     const std::wstring startMode = Get(settings::kStartMode);
     out.startsInEditMode = startMode.contains(L"edit") || startMode == L"1";
     out.font = {.face = Get(settings::kFont),

@@ -5,6 +5,8 @@
 // Needs the types of windows.h.
 #include <commctrl.h>
 
+#include <optional>
+
 #include "host/store/settings.h"
 #include "load/document_loaders.h"
 #include "load/load_options.h"
@@ -13,6 +15,38 @@
 #include "view/wait_cursor.h"
 
 namespace rl {
+
+namespace {
+
+/// Where a row begins in its document's text; nothing for a row that is not there.
+std::optional<size_t> RowStart(const CsvModel& model, int row) {
+    const std::wstring_view raw = model.RawRow(row);
+    return raw.data() != nullptr
+               ? std::optional(static_cast<size_t>(raw.data() - model.Text().data()))
+               : std::nullopt;
+}
+
+/// The row that stands in another reading of the same text where `row` stands in `before`; -1 when
+/// it is hidden there.
+int SameRow(const CsvModel& before, int row, const CsvModel& after) {
+    const std::optional<size_t> start = RowStart(before, row);
+    if (!start) {
+        return -1;
+    }
+    int low = 0;
+    int high = after.RowCount();
+    while (low < high) {
+        const int middle = low + (high - low) / 2;
+        if (RowStart(after, middle).value_or(0) < *start) {
+            low = middle + 1;
+        } else {
+            high = middle;
+        }
+    }
+    return RowStart(after, low) == start ? low : -1;
+}
+
+}  // namespace
 
 Viewer::UserPlace Viewer::RememberPlace() const {
     const GridCell cell = grid_.Current();
@@ -48,7 +82,12 @@ std::unique_ptr<RowView> Viewer::MakeRows(const CsvModel& model) const {
 
 // The grid lets go of the old rows before they go.
 void Viewer::ShowRows(const UserPlace& place) {
-    grid_.ShowTable(document_.rows.get(), GridStyle());
+    try {
+        grid_.ShowTable(document_.rows.get(), GridStyle());
+    } catch (const std::exception&) {
+        grid_.ShowTable(nullptr, {});  // the rows before are about to go
+        throw;
+    }
     grid_.SetSortMark(grid_.GridColumnOf(document_.rows->SortColumn()),
                       document_.rows->SortDirection());
     RebuildFilterRow();
@@ -89,7 +128,13 @@ bool Viewer::Reload(const LoadOptions& options) {
     fresh.csv = std::move(csv);
 
     const RedrawScope still(window_);
-    const UserPlace place = RememberPlace();
+    UserPlace place = RememberPlace();
+    // Rows are counted without hidden comment lines. In another encoding their places differ, but
+    // then their numbers do not.
+    if (fresh.csv->Text().size() == document_.csv->Text().size()) {
+        place.modelRow = SameRow(*document_.csv, place.modelRow, *fresh.csv);
+        place.topModelRow = SameRow(*document_.csv, place.topModelRow, *fresh.csv);
+    }
     if (fresh.csv->ColumnCount() != document_.csv->ColumnCount()) {
         grid_.ForgetHiddenColumns();
     }

@@ -143,6 +143,18 @@ TEST(Reload, ReturnsToTheSameRow) {
     EXPECT_EQ(viewer.SelectedRows(), (std::vector<int>{499}));
 }
 
+TEST(Reload, FindsTheRowAgainWhenLinesAboveItAreHidden) {
+    UiHost host;
+    const Viewer viewer = host.OpenText("a,b\n#one\n#two\n1,2\n3,4\n");
+    Click(viewer.Grid(), viewer.CellCenter(3, 1));
+    ASSERT_EQ(viewer.PaneText(), L"4");
+
+    Choose(viewer, 5032);
+
+    EXPECT_EQ(viewer.Status(4), L" 2:2");
+    EXPECT_EQ(viewer.PaneText(), L"4");
+}
+
 TEST(Reload, KeepsTheDocumentAndSaysSoWhenItFails) {
     UiHost host;
     const auto file = host.Write(L"data.csv", "a;b\n1;2\n");
