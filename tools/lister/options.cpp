@@ -28,14 +28,13 @@ std::optional<int> NumberIn(const wchar_t* text, wchar_t end, int low, int high,
 bool ParseSize(const wchar_t* text, Options& options) {
     const wchar_t* rest = nullptr;
     const auto width = NumberIn(text, L'x', kSmallestSize, kLargestSize, &rest);
-    const auto height =
-        width ? NumberIn(rest, L'\0', kSmallestSize, kLargestSize) : std::optional<int>{};
-    if (!height) {
+    if (!width) {
         return false;
     }
+    const auto height = NumberIn(rest, L'\0', kSmallestSize, kLargestSize);
     options.width = *width;
-    options.height = *height;
-    return true;
+    options.height = height.value_or(0);
+    return height.has_value();
 }
 
 bool ParseDpi(const wchar_t* text, Options& options) {
