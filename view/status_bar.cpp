@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include <string>
+#include <utility>
 
 #include "view/control.h"
 #include "view/paint_scope.h"
@@ -20,10 +21,30 @@ void StatusBar::Update(const StatusTexts& texts, int dpi) {
     if (window_ == nullptr || !IsWindow(window_)) {
         return;
     }
+    FitFont(dpi);
     const std::array<int, kStatusPartCount> edges = StatusPartEdges(dpi);
     SendMessageW(window_, SB_SETPARTS, kStatusPartCount, reinterpret_cast<LPARAM>(edges.data()));
     for (size_t part = 0; part < kStatusPartCount; ++part) {
         SendMessageW(window_, SB_SETTEXTW, part, reinterpret_cast<LPARAM>(texts[part].c_str()));
+    }
+}
+
+// The bar takes the system's font, which follows the system's dpi, not that of our window.
+void StatusBar::FitFont(int dpi) {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    if (dpi == fontDpi_ ||
+        !SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) {
+        return;
+    }
+    fontDpi_ = dpi;
+    LOGFONTW& font = metrics.lfStatusFont;
+    const WindowDc dc(window_);
+    font.lfHeight = MulDivRound(font.lfHeight, dpi, GetDeviceCaps(dc.Get(), LOGPIXELSY));
+    UniqueFont fresh(CreateFontIndirectW(&font));
+    if (fresh) {
+        SetControlFont(window_, fresh.Get());
+        font_ = std::move(fresh);
     }
 }
 

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "host/config/themes.h"
+#include "view/gdi_handles.h"
 #include "view/logic/status_cells.h"
 #include "view/subclass.h"
 
@@ -26,10 +27,13 @@ public:
 
 private:
     Answer OnMessage(const Message& in) const;
+    void FitFont(int dpi);
     void PaintDark() const;
     void PaintPart(HDC dc, int part) const;
 
     HWND window_ = nullptr;
+    int fontDpi_ = 0;  // 0: the bar still has the font it came with
+    UniqueFont font_;
     ThemeColors colors_;
     Subclass subclass_;
 };

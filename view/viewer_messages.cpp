@@ -185,8 +185,8 @@ Answer Viewer::OnDpiChanged() {
     }
     dpi_ = dpi;
     RebuildFonts();
+    UpdateStatusBar();  // before the layout, which asks the bar for its height
     RefitAfterFonts();
-    UpdateStatusBar();
     InvalidateRect(grid_.Window(), nullptr, TRUE);
     return 0;
 }

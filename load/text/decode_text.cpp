@@ -136,7 +136,8 @@ std::wstring DecodeUnmarked(std::string_view bytes, const EncodingRequest& reque
         found.name = labels::kUtf8;
         return Complete(std::move(head));
     }
-    head.text = std::wstring();  // before the other decoder asks for as much again
+    std::wstring().swap(
+        head.text);  // gives the room back before the other decoder asks for as much
     found.name = labels::kAnsi;
     found.codePage = AnsiPage(bytes, request);
     return DecodePage(bytes, found.codePage);
