@@ -148,7 +148,7 @@ TEST(DetectDelimiter, LooksAtFiveRowsThatHoldACandidate) {
 }
 
 TEST(DetectDelimiter, StopsAmongCommentsAndBlankLinesToo) {
-    std::wstring text(size_t{9} << 20, L'\n');
+    std::wstring text(size_t{5} << 20, L'\n');
     int asked = 0;
     const auto stop = [&asked] { return ++asked == 1; };
     EXPECT_EQ(DetectDelimiter(text + L"a;b\n", L'"', stop), L',');
@@ -162,7 +162,7 @@ TEST(DetectDelimiter, StopsAmongCommentsAndBlankLinesToo) {
 }
 
 TEST(DetectDelimiter, StopsWhenNobodyWantsTheAnswer) {
-    std::wstring text(size_t{9} << 20, L'x');
+    std::wstring text(size_t{5} << 20, L'x');
     text += L"\na;b\n";
     int asked = 0;
     EXPECT_EQ(DetectDelimiter(text, L'"', [&asked] { return ++asked == 1; }), L',');
