@@ -17,7 +17,6 @@ namespace {
 
 constexpr size_t kBlock = 64;    // bytes looked at together
 constexpr size_t kSlack = 16;    // units a store may run ahead of what counts
-constexpr size_t kAhead = 2048;  // bytes
 constexpr int kDenseBlock = 10;  // bytes beyond ASCII from which a block counts as dense
 
 /// For each set of positions among eight, the byte shuffle that moves their units together.
@@ -153,6 +152,15 @@ size_t CutBefore(const char* bytes, size_t at) {
     return lead(1) >= 0xC0 ? 1 : lead(2) >= 0xE0 ? 2 : 0;
 }
 
+/// Asks for memory some way ahead, within the buffer: new pages of the output interrupt the
+/// processor's own reading ahead, and some virtual machines have none.
+template <typename T>
+void FetchAhead(const T* at, const T* end) {
+    constexpr size_t kAhead = 4096 / sizeof(T);
+    const T* const soon = static_cast<size_t>(end - at) > kAhead ? at + kAhead : at;
+    _mm_prefetch(reinterpret_cast<const char*>(soon), _MM_HINT_T0);
+}
+
 /// Reading and writing positions of one conversion.
 template <typename Unit>
 struct Run {
@@ -172,6 +180,8 @@ template <typename Unit>
 void ConvertDense(Run<Unit>& run) {
     while (run.HasBlock()) {
         const char* const at = run.bytes + run.read;
+        FetchAhead(at, run.bytes + run.size);
+        FetchAhead<Unit>(run.out, run.end);
         const Window in{Load(at), Load(at - 1), Load(at - 2)};
         if (MaskOf(in.now) == 0 || !IsOrdinary(in)) {
             break;
@@ -230,9 +240,7 @@ KernelProgress Utf8ToUnitsAvx2(const char* bytes, size_t size, size_t from, Unit
     Run<Unit> run{bytes, size, from, out, out + room};
     bool ordinary = true;
     while (ordinary && run.HasBlock()) {
-        // Fresh pages of the output interrupt the processor's own reading ahead.
-        const size_t soon = run.read + kAhead;
-        _mm_prefetch(bytes + (soon < size ? soon : run.read), _MM_HINT_T0);
+        FetchAhead(bytes + run.read, bytes + size);
         const __m256i first = Load(bytes + run.read);
         const __m256i second = Load(bytes + run.read + sizeof first);
         const uint64_t mask = MaskOf(first) | static_cast<uint64_t>(MaskOf(second)) << 32;

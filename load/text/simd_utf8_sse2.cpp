@@ -99,6 +99,15 @@ bool IsTail(uint8_t byte) {
     return (byte & 0xC0) == 0x80;
 }
 
+/// Asks for memory some way ahead, within the buffer: new pages of the output interrupt the
+/// processor's own reading ahead, and some virtual machines have none.
+template <typename T>
+void FetchAhead(const T* at, const T* end) {
+    constexpr size_t kAhead = 4096 / sizeof(T);
+    const T* const soon = static_cast<size_t>(end - at) > kAhead ? at + kAhead : at;
+    _mm_prefetch(reinterpret_cast<const char*>(soon), _MM_HINT_T0);
+}
+
 /// Reading and writing positions of one conversion.
 template <typename Unit>
 struct Run {
@@ -141,6 +150,8 @@ void ConvertDense(Run<Unit>& run) {
     alignas(16) uint16_t units[kVector];
     while (run.HasBlock()) {
         const char* const at = run.bytes + run.read;
+        FetchAhead(at, run.bytes + run.size);
+        FetchAhead<Unit>(run.out, run.end);
         const Window in{Load(at), Load(at - 1), Load(at - 2)};
         if (MaskOf(in.now) == 0 || !IsOrdinary(in)) {
             break;
@@ -183,6 +194,7 @@ KernelProgress Utf8ToUnitsSse2(const char* bytes, size_t size, size_t from, Unit
     Run<Unit> run{bytes, size, from, out, out + room};
     bool ordinary = true;
     while (ordinary && run.HasBlock()) {
+        FetchAhead(bytes + run.read, bytes + size);
         const size_t plain = WidenBlock(run);
         run.read += plain;
         run.out += plain;
