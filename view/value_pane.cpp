@@ -12,8 +12,8 @@ namespace rl {
 
 namespace {
 
-constexpr size_t kFirstUnits = 64 * 1024;
-constexpr size_t kNextUnits = 32 * 1024;
+constexpr size_t kFirstUnits = 65'536;
+constexpr size_t kNextUnits = 32'768;
 constexpr UINT_PTR kRestTimer = 1;  // of the pane's own window
 constexpr UINT kRestDelay = 10;     // milliseconds; timers wait until no input is left
 
