@@ -89,9 +89,9 @@ std::string ReadFileHead(const std::wstring& path, uint32_t count) {
     std::string head;
     const UniqueFile file = OpenForReading(path);
     if (file) {
-        head.resize_and_overwrite(count, [&](char* out, size_t room) noexcept {
-            return ReadSome(file.Get(), out, room);
-        });
+        // `count`, not the room offered: the library may offer more than was asked for.
+        head.resize_and_overwrite(
+            count, [&](char* out, size_t) noexcept { return ReadSome(file.Get(), out, count); });
     }
     return head;
 }
