@@ -13,9 +13,10 @@ constexpr const char* kTable = "one,two,three\n1,2,3\n4,5,6\n";
 /// Columns of pixels, counted from the cell's left edge, that hold the text's colour.
 std::vector<int> InkedColumns(const Viewer& viewer, int row, int column, COLORREF ink) {
     const RECT cell = viewer.CellRect(row, column);
+    const tools::Image picture = Viewer::Picture(viewer.Grid());
     std::vector<int> inked;
     for (int x = cell.left + 1; x < cell.right - 1; ++x) {
-        if (Viewer::CountColor(viewer.Grid(), {x, cell.top + 1, x + 1, cell.bottom - 1}, ink) > 0) {
+        if (picture.Count({x, cell.top + 1, x + 1, cell.bottom - 1}, ink) > 0) {
             inked.push_back(x - cell.left);
         }
     }

@@ -54,6 +54,28 @@ COLORREF Image::ColorAt(int x, int y) const {
     return RGB((pixel >> 16) & 0xFF, (pixel >> 8) & 0xFF, pixel & 0xFF);
 }
 
+int Image::Count(const RECT& area, COLORREF color) const {
+    int count = 0;
+    for (int y = area.top; y < area.bottom; ++y) {
+        for (int x = area.left; x < area.right; ++x) {
+            count += ColorAt(x, y) == color;
+        }
+    }
+    return count;
+}
+
+Image Image::Part(const RECT& area) const {
+    Image part{.width = area.right - area.left, .height = area.bottom - area.top, .pixels = {}};
+    for (int y = area.top; y < area.bottom; ++y) {
+        for (int x = area.left; x < area.right; ++x) {
+            const COLORREF color = ColorAt(x, y);
+            part.pixels.push_back(static_cast<std::uint32_t>(
+                GetRValue(color) << 16 | GetGValue(color) << 8 | GetBValue(color)));
+        }
+    }
+    return part;
+}
+
 Image CaptureWindow(HWND window) {
     RECT frame{};
     GetWindowRect(window, &frame);

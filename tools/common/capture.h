@@ -18,6 +18,12 @@ struct Image {
 
     /// The colour as the system writes it (blue * 65536 + green * 256 + red); white outside.
     [[nodiscard]] COLORREF ColorAt(int x, int y) const;
+
+    /// How many pixels of the area have the colour.
+    [[nodiscard]] int Count(const RECT& area, COLORREF color) const;
+
+    /// The area as a picture of its own; what lies outside this one is white.
+    [[nodiscard]] Image Part(const RECT& area) const;
 };
 
 /// Copies the window with its frame from the screen; it must be visible and not covered. Empty on

@@ -4,8 +4,6 @@
 
 #include <commctrl.h>
 
-#include "tools/common/capture.h"
-
 namespace rl::test {
 
 namespace {
@@ -191,26 +189,23 @@ RECT Viewer::Place(HWND control) const {
     return rect;
 }
 
-COLORREF Viewer::ColorAt(HWND control, POINT at) {
+tools::Image Viewer::Picture(HWND control) {
     const HWND root = GetAncestor(control, GA_ROOT);
     const RECT frame = ScreenRect(root);
-    ClientToScreen(control, &at);
-    return tools::CaptureWindow(root).ColorAt(at.x - frame.left, at.y - frame.top);
+    POINT origin{};
+    ClientToScreen(control, &origin);
+    RECT area{};
+    GetClientRect(control, &area);
+    OffsetRect(&area, origin.x - frame.left, origin.y - frame.top);
+    return tools::CaptureWindow(root).Part(area);
+}
+
+COLORREF Viewer::ColorAt(HWND control, POINT at) {
+    return Picture(control).ColorAt(at.x, at.y);
 }
 
 int Viewer::CountColor(HWND control, const RECT& area, COLORREF color) {
-    const HWND root = GetAncestor(control, GA_ROOT);
-    const RECT frame = ScreenRect(root);
-    const tools::Image image = tools::CaptureWindow(root);
-    POINT origin{};
-    ClientToScreen(control, &origin);
-    int count = 0;
-    for (int y = area.top; y < area.bottom; ++y) {
-        for (int x = area.left; x < area.right; ++x) {
-            count += image.ColorAt(origin.x - frame.left + x, origin.y - frame.top + y) == color;
-        }
-    }
-    return count;
+    return Picture(control).Count(area, color);
 }
 
 }  // namespace rl::test

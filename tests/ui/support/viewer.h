@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "tools/common/capture.h"
+
 namespace rl::test {
 
 using Texts = std::vector<std::wstring>;
@@ -58,6 +60,10 @@ public:
 
     /// Where a control lies in the viewer's client area.
     [[nodiscard]] RECT Place(HWND control) const;
+
+    /// The control's client area as it looks on the screen. Taking it costs some milliseconds: who
+    /// wants many pixels takes it once.
+    [[nodiscard]] static tools::Image Picture(HWND control);
 
     /// Colour of one pixel on the screen; the point is in the control's client area.
     [[nodiscard]] static COLORREF ColorAt(HWND control, POINT at);
