@@ -3,8 +3,8 @@
 
 cmd_bench() {
   cmd_setup
-  build_preset native-release
-  build_preset mingw-bench
+  build_preset native-release rowlark_bench
+  build_preset mingw-bench rowlark_bench
   start_wine_server
   local source name
   for source in bench/*_bench.cpp; do

@@ -74,13 +74,13 @@ TEST(ParseNumber, AgreesWithTheLibrary) {
     const auto digit = [&] { return static_cast<wchar_t>(L'0' + random() % 10); };
     for (int i = 0; i < 20000; ++i) {
         std::wstring text = random() % 2 == 0 ? L"-" : L"";
-        for (unsigned n = random() % 22; n > 0; --n) {
+        for (auto n = random() % 22; n > 0; --n) {
             text.push_back(digit());
         }
         text.push_back(digit());
         if (random() % 2 == 0) {
             text.push_back(L'.');
-            for (unsigned n = random() % 22; n > 0; --n) {
+            for (auto n = random() % 22; n > 0; --n) {
                 text.push_back(digit());
             }
         }
