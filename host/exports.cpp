@@ -3,7 +3,8 @@
 // Each converts its arguments, makes sure that the settings know their files, and hands over. The
 // exports keep no state of their own and let no exception into the host. All are called on the
 // host's user-interface thread.
-#include <array>
+#include <algorithm>
+#include <cstring>
 #include <string>
 
 #include "host/lister_api.h"
@@ -106,6 +107,7 @@ void __stdcall ListGetDetectString(char* buffer, int length) {
     if (buffer == nullptr || length <= 0) {
         return;
     }
+    buffer[0] = '\0';
     const bool converted = Guarded<bool>(false, [&] {
         const std::wstring text = settings::Get(settings::kDetectString);
         return ToAnsi(text, buffer, length) || ToAnsi(kShortDetectString, buffer, length);

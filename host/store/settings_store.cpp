@@ -76,9 +76,7 @@ void SettingsStore::State::Refresh() {
     if (loaded && plugin == pluginStamp && host == hostStamp) {
         return;
     }
-    pluginStamp = plugin;
-    hostStamp = host;
-    loaded = true;
+    loaded = false;  // should memory end half-way, the next look-up begins again
     map.Clear();
     // The plugin's file first: the first value of a key wins.
     if (!pluginPath.empty()) {
@@ -87,6 +85,9 @@ void SettingsStore::State::Refresh() {
     if (!hostPath.empty() && hostPath != pluginPath) {
         AddIniFile(hostPath, map);
     }
+    pluginStamp = plugin;
+    hostStamp = host;
+    loaded = true;
 }
 
 SettingsStore& SettingsStore::Instance() {

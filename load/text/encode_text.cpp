@@ -2,6 +2,9 @@
 // one pass into memory of nearly the right size.
 #include "load/text/encode_text.h"
 
+#include <optional>
+#include <utility>
+
 #include "load/text/ascii_case.h"
 #include "load/text/detect_encoding.h"
 #include "load/text/platform.h"
