@@ -140,8 +140,6 @@ public:
 
     CsvScanResult Run(detail::CsvScanRun<Unit> run) {
         constexpr size_t kNeeded = detail::kCsvScanBlock + detail::kCsvScanAhead;
-        // Counted over the whole text: a run also ends, mostly much earlier, when its room is full.
-        size_t limit = kUnitsBetweenQuestions;
         StartAt(0);
         while (text_.size() - state_.position >= kNeeded && !reader_.IsUnwanted(state_.position)) {
             const size_t limit = reader_.NextQuestion();

@@ -25,13 +25,15 @@ bool IsCommandKeyDown() {
 
 bool Viewer::PassKeyToHost(WPARAM key) {
     const uint64_t now = GetTickCount64();
-    const HostKeyState state{.msSinceCreation = now - std::min(now, createdAt_),
-                             .focusInside = HasFocusInside(),
-                             .focusInFilterBox = filters_.ColumnOf(GetFocus()) >= 0,
-                             .ctrl = IsKeyDown(VK_CONTROL),
-                             .disableNumKeys = settings::IsOn(settings::kDisableNumKeys),
-                             .disableNpKeys = settings::IsOn(settings::kDisableNpKeys),
-                             .exitByQ = settings::IsOn(settings::kExitByQ)};
+    const HostKeyState state{
+        .msSinceCreation = now - std::min(now, createdAt_),
+        .focusInside = HasFocusInside(),
+        .focusInFilterBox = filters_.ColumnOf(GetFocus()) >= 0,
+        .ctrl = IsCommandKeyDown(),
+        // Each look-up asks for the stamps of two files: only where it counts.
+        .disableNumKeys = key >= '1' && key <= '8' && settings::IsOn(settings::kDisableNumKeys),
+        .disableNpKeys = (key == 'N' || key == 'P') && settings::IsOn(settings::kDisableNpKeys),
+        .exitByQ = key == 'Q' && settings::IsOn(settings::kExitByQ)};
     if (!IsHostKey(static_cast<VirtualKey>(key), state)) {
         return false;
     }
@@ -45,27 +47,36 @@ bool Viewer::HandleKey(WPARAM key, KeyFocus focus) {
     if (PassKeyToHost(key)) {
         return true;
     }
-    if (IsCommandKeyDown()) {
-        switch (key) {
-            case VK_ADD:
-            case VK_OEM_PLUS: OnFontStep(1); return true;
-            case VK_SUBTRACT:
-            case VK_OEM_MINUS: OnFontStep(-1); return true;
-            case VK_SPACE: grid_.ShowAllColumns(); return true;
-            case 'D': SetValuePaneShown(!settings_.valuePane); return true;
-            case VK_TAB:
-                SwitchTab(tab_ == ViewerTab::Data ? ViewerTab::Source : ViewerTab::Data);
-                return true;
-            default: break;
-        }
+    const KeyPress press{.key = static_cast<VirtualKey>(key),
+                         .ctrl = IsCommandKeyDown(),
+                         .shift = IsKeyDown(VK_SHIFT)};
+    if (const KeyBinding* binding = FindKey(press, focus, DescribeCommands())) {
+        return RunKey(*binding, press);
     }
     if (key == VK_TAB && tab_ == ViewerTab::Data) {
-        MoveFocus(GetFocus(), IsKeyDown(VK_SHIFT));
+        MoveFocus(GetFocus(), press.shift);
         return true;
     }
-    // With Shift the list view extends its selection, and the current cell follows.
-    return GetFocus() == grid_.Window() && !IsKeyDown(VK_SHIFT) &&
-           grid_.Navigate(key, IsKeyDown(VK_CONTROL));
+    return false;
+}
+
+bool Viewer::RunKey(const KeyBinding& binding, const KeyPress& press) {
+    switch (binding.action) {
+        case KeyAction::RunCommand: return RunCommand(static_cast<UINT>(binding.command));
+        case KeyAction::ShowHelp: help_.Show(window_, settings_.font.sourceFace, dpi_); return true;
+        case KeyAction::LargerFont: OnFontStep(1); return true;
+        case KeyAction::SmallerFont: OnFontStep(-1); return true;
+        case KeyAction::SwitchTab:
+            SwitchTab(tab_ == ViewerTab::Data ? ViewerTab::Source : ViewerTab::Data);
+            return true;
+        case KeyAction::MoveCell:
+            // With Shift the list view extends the selection itself; the current row follows.
+            return GetFocus() == grid_.Window() && !press.shift &&
+                   grid_.Navigate(press.key, press.ctrl);
+        case KeyAction::CopyAsPressed: CopyByKey(press.ctrl, press.shift); return true;
+        case KeyAction::BeginEdit: return true;  // no cell can be edited yet
+    }
+    return false;
 }
 
 Answer Viewer::OnKeyDown(WPARAM key) {

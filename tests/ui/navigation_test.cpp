@@ -154,6 +154,16 @@ TEST(Arrows, FollowTheListWhenItMovesItsOwnFocus) {
     EXPECT_EQ(Current(viewer), L" 2:2");
 }
 
+TEST(Arrows, ExtendTheSelectionByOneRowWithShift) {
+    UiHost host;
+    const Viewer viewer = host.OpenText(kTable);
+    Click(viewer.Grid(), viewer.CellCenter(0, 1));
+
+    Key(VK_DOWN, {VK_SHIFT});
+
+    EXPECT_EQ(viewer.SelectedRows(), (std::vector<int>{0, 1}));
+}
+
 TEST(Arrows, ExtendTheSelectionInsteadWithShift) {
     UiHost host;
     const Viewer viewer = host.OpenText(kTable);

@@ -8,6 +8,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <system_error>
 
 namespace rl {
 namespace {
@@ -68,8 +69,7 @@ TEST(ParseNumber, KeepsTheSignOfZero) {
     EXPECT_TRUE(std::signbit(*ParseNumber(L"-0")));
 }
 
-// Within the last bits only: not every C library rounds long numbers correctly, ours does.
-TEST(ParseNumber, AgreesWithTheLibrary) {
+TEST(ParseNumber, AgreesWithTheLibraryToTheLastBit) {
     std::mt19937 random(20240817);
     const auto digit = [&] { return static_cast<wchar_t>(L'0' + random() % 10); };
     for (int i = 0; i < 20000; ++i) {
@@ -87,10 +87,16 @@ TEST(ParseNumber, AgreesWithTheLibrary) {
         if (random() % 2 == 0) {
             text += (random() % 2 == 0 ? L"e-" : L"E+") + std::to_wstring(random() % 340);
         }
-        const std::optional<double> number = ParseNumber(text);
-        ASSERT_TRUE(number.has_value());
-        ASSERT_DOUBLE_EQ(*number, std::wcstod(text.c_str(), nullptr))
-            << testing::PrintToString(text);
+        // Not wcstod: the one of Windows' C library is off by a bit for long numbers.
+        const std::string narrow(text.begin(), text.end());
+        double expected = 0;
+        const auto [end, error] =
+            std::from_chars(narrow.data(), narrow.data() + narrow.size(), expected);
+        if (error == std::errc::result_out_of_range) {  // it leaves the value alone then
+            const double size = narrow.contains('+') ? INFINITY : 0.0;
+            expected = narrow.front() == '-' ? -size : size;
+        }
+        ASSERT_EQ(ParseNumber(text), expected) << narrow;
     }
 }
 
