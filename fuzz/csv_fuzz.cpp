@@ -21,7 +21,7 @@ using rl::CsvOptions;
 
 void Require(bool holds, const char* law) {
     if (!holds) {
-        std::fprintf(stderr, "broken: %s\n", law);
+        (void)std::fprintf(stderr, "broken: %s\n", law);
         std::abort();
     }
 }

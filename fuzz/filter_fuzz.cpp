@@ -63,7 +63,7 @@ bool Passes(const std::wstring& filter, const std::wstring& cell, bool caseSensi
     }
     const auto limit = rl::ParseNumber(operand);
     const auto number = limit ? rl::ParseNumber(cell) : std::nullopt;
-    if (number) {
+    if (limit && number) {
         return wanted[0] == L'<' ? *number < *limit : *number > *limit;
     }
     return wanted[0] == L'<' ? text < operand : text > operand;
@@ -73,6 +73,7 @@ bool Passes(const std::wstring& filter, const std::wstring& cell, bool caseSensi
 std::vector<int32_t> SortedTwin(const std::vector<int32_t>& rows, const MemoryTable& table,
                                 int32_t column, int32_t direction) {
     std::vector<std::vector<int32_t>> runs;
+    runs.reserve(rows.size());
     for (const int32_t row : rows) {
         runs.push_back({row});
     }
@@ -104,6 +105,7 @@ std::vector<int32_t> SortedTwin(const std::vector<int32_t>& rows, const MemoryTa
 
 std::vector<int32_t> RowsOf(const rl::RowView& view) {
     std::vector<int32_t> rows;
+    rows.reserve(static_cast<size_t>(view.VisibleRowCount()));
     for (int32_t row = 0; row < view.VisibleRowCount(); ++row) {
         rows.push_back(view.ModelRow(row));
     }
