@@ -68,7 +68,7 @@ Answer Viewer::OnStatusClick(NMHDR& note) {
     const auto part = static_cast<int>(click.dwItemSpec);
     const MenuId* menu = loaded_ ? StatusPopup(part, kind_) : nullptr;
     if (menu == nullptr) {
-        return std::nullopt;
+        return TRUE;  // or the bar would ask for the context menu after a right click
     }
     RECT bounds{};
     SendMessageW(status_.Window(), SB_GETRECT, click.dwItemSpec, reinterpret_cast<LPARAM>(&bounds));
