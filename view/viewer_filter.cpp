@@ -27,6 +27,11 @@ void Viewer::RebuildFilterRow() {
 
 void Viewer::LayoutFilterRow() {
     filters_.Layout(grid_, layout_.filter);
+    // The box of a hidden column would go on filtering unseen; one merely scrolled away may stay.
+    const int focused = filters_.ColumnOf(GetFocus());
+    if (focused >= 0 && grid_.ColumnWidth(focused) == 0) {
+        SetFocus(grid_.Window());
+    }
 }
 
 Answer Viewer::OnEditColors(HDC dc, HWND control) {

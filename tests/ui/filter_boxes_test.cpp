@@ -67,6 +67,18 @@ TEST(FilterBoxes, AreNotThereWhenTheSettingIsOff) {
     EXPECT_EQ(viewer.Place(viewer.Grid()).top, viewer.Place(viewer.Tabs()).bottom);
 }
 
+TEST(FilterBoxes, GiveTheFocusToTheGridWhenTheirColumnIsHidden) {
+    UiHost host;
+    const Viewer viewer = host.OpenText(kTable);
+    TypeInto(viewer, 1, L"1");
+    ASSERT_EQ(GetFocus(), Box(viewer, 1));
+
+    Click(viewer.Header(), viewer.HeaderCenter(1), {VK_CONTROL});
+
+    EXPECT_EQ(viewer.Width(1), 0);
+    EXPECT_EQ(GetFocus(), viewer.Grid());
+}
+
 TEST(FilterBoxes, HideOnTheSourceTab) {
     UiHost host;
     const Viewer viewer = host.OpenText(kTable);
