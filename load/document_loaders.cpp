@@ -23,6 +23,21 @@ bool ReadText(const std::wstring& path, int64_t sizeLimit, const EncodingRequest
     return true;
 }
 
+/// Whether a file is meant to hold one value a line, by its name alone.
+bool IsNamedLines(std::wstring_view path) {
+    const size_t dot = path.rfind(L'.');
+    if (dot == std::wstring_view::npos) {
+        return false;
+    }
+    std::wstring suffix(path.substr(dot));
+    for (wchar_t& unit : suffix) {
+        if (unit >= L'A' && unit <= L'Z') {
+            unit = static_cast<wchar_t>(unit - L'A' + L'a');
+        }
+    }
+    return suffix == L".jsonl" || suffix == L".ndjson";
+}
+
 }  // namespace
 
 std::unique_ptr<CsvModel> LoadCsv(const std::wstring& path, int64_t sizeLimit,
@@ -39,6 +54,47 @@ std::unique_ptr<CsvModel> LoadCsv(const std::wstring& path, int64_t sizeLimit,
     }
     if (!IsAbandoned(abandoned)) {
         error = messages::kUnbalancedQuotes;
+    }
+    return nullptr;
+}
+
+std::unique_ptr<JsonDocument> LoadJsonDocument(const std::wstring& path, int64_t sizeLimit,
+                                               int32_t parseMode, const EncodingRequest& request,
+                                               std::wstring& error, const AbandonCheck& abandoned) {
+    auto document = std::make_unique<JsonDocument>();
+    std::wstring text;
+    if (!ReadText(path, sizeLimit, request, abandoned, text, document->encoding, error) ||
+        IsAbandoned(abandoned)) {
+        return nullptr;
+    }
+    const bool lines = IsNamedLines(path);
+    const bool recover = parseMode != 0;
+    // A file that says it holds lines is never tried as one document; any other is tried as both.
+    if (document->Parse(std::move(text), lines, recover, abandoned) ||
+        (!lines && !IsAbandoned(abandoned) &&
+         document->Parse(document->TakeText(), true, recover, abandoned))) {
+        return document;
+    }
+    if (!IsAbandoned(abandoned)) {
+        error = messages::kNotJson;
+    }
+    return nullptr;
+}
+
+std::unique_ptr<XmlDocument> LoadXmlDocument(const std::wstring& path, int64_t sizeLimit,
+                                             const EncodingRequest& request, std::wstring& error,
+                                             const AbandonCheck& abandoned) {
+    auto document = std::make_unique<XmlDocument>();
+    std::wstring text;
+    if (!ReadText(path, sizeLimit, request, abandoned, text, document->encoding, error) ||
+        IsAbandoned(abandoned)) {
+        return nullptr;
+    }
+    if (document->Parse(std::move(text), abandoned)) {
+        return document;
+    }
+    if (!IsAbandoned(abandoned)) {
+        error = messages::kNotXml;
     }
     return nullptr;
 }

@@ -11,6 +11,8 @@
 #include "load/text/text_encoding.h"
 #include "model/csv_model.h"
 #include "model/csv_options.h"
+#include "model/json_document.h"
+#include "model/xml_document.h"
 
 namespace rl {
 
@@ -20,5 +22,21 @@ namespace rl {
                                                 const CsvOptions& options,
                                                 const EncodingRequest& request, std::wstring& error,
                                                 const AbandonCheck& abandoned = {});
+
+/// Loads JSON. A file named .jsonl or .ndjson is read line by line; any other as one document and,
+/// when it is none, line by line. `parseMode` 1 searches a broken text for balanced blocks.
+/// Nothing, and a sentence in `error`, when it cannot be read or parsed.
+[[nodiscard]] std::unique_ptr<JsonDocument> LoadJsonDocument(const std::wstring& path,
+                                                             int64_t sizeLimit, int32_t parseMode,
+                                                             const EncodingRequest& request,
+                                                             std::wstring& error,
+                                                             const AbandonCheck& abandoned = {});
+
+/// Loads XML. Nothing, and a sentence in `error`, when it cannot be read or holds no element.
+[[nodiscard]] std::unique_ptr<XmlDocument> LoadXmlDocument(const std::wstring& path,
+                                                           int64_t sizeLimit,
+                                                           const EncodingRequest& request,
+                                                           std::wstring& error,
+                                                           const AbandonCheck& abandoned = {});
 
 }  // namespace rl

@@ -34,8 +34,14 @@ void LoadInto(detail::LoadedDoc& doc, const LoadJob& job) {
             doc.csvModel = LoadCsv(job.path, options.sizeLimit, options.csv, options.encoding,
                                    doc.error, abandoned);
             return;
-        case DocumentKind::Json: doc.error = messages::kNotJson; return;
-        case DocumentKind::Xml: doc.error = messages::kNotXml; return;
+        case DocumentKind::Json:
+            doc.jsonDoc = LoadJsonDocument(job.path, options.sizeLimit, options.parseMode,
+                                           options.encoding, doc.error, abandoned);
+            return;
+        case DocumentKind::Xml:
+            doc.xmlDoc = LoadXmlDocument(job.path, options.sizeLimit, options.encoding, doc.error,
+                                         abandoned);
+            return;
     }
 }
 
@@ -43,6 +49,8 @@ void LoadInto(detail::LoadedDoc& doc, const LoadJob& job) {
 /// has room; without it the viewer says the same.
 void RecordFailure(detail::LoadedDoc& doc) noexcept {
     doc.csvModel.reset();
+    doc.jsonDoc.reset();
+    doc.xmlDoc.reset();
     doc.error.clear();
     try {
         doc.error = messages::kNotLoaded;

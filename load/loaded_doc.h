@@ -11,13 +11,21 @@
 
 #include "load/text/text_encoding.h"
 #include "model/csv_model.h"
+#include "model/json_document.h"
+#include "model/xml_document.h"
 
 namespace rl::detail {
 
 struct LoadedDoc {
-    std::unique_ptr<CsvModel> csvModel;
+    std::unique_ptr<CsvModel> csvModel;  // one of the three, or none
+    std::unique_ptr<JsonDocument> jsonDoc;
+    std::unique_ptr<XmlDocument> xmlDoc;
     std::wstring error;                   // one sentence for the user when there is no model
     std::atomic<bool> abandoned = false;  // the viewer no longer wants the result
+
+    [[nodiscard]] bool HasModel() const {
+        return csvModel != nullptr || jsonDoc != nullptr || xmlDoc != nullptr;
+    }
 };
 
 }  // namespace rl::detail

@@ -1,7 +1,7 @@
 // One JSON or JSON Lines document: its text, the nodes that point into it, and the edits beside it.
 //
-// Strict JSON (RFC 8259) with comments, trailing commas and unchecked escapes. Nothing is copied out
-// of the text when it is parsed; keys and strings are decoded when a view asks for them.
+// Strict JSON (RFC 8259) with comments, trailing commas and unchecked escapes. Nothing is copied
+// out of the text when it is parsed; keys and strings are decoded when a view asks for them.
 //
 // Knows nothing of files or windows. A document belongs to one thread at a time.
 #pragma once

@@ -26,7 +26,7 @@ enum class OutlineRowType : uint8_t {
 
 struct OutlineRow {
     int32_t node = -1;
-    int32_t aux = -1;    // XML: the attribute's index; JSON: the position in the parent array; or -1
+    int32_t aux = -1;  // XML: the attribute's index; JSON: the position in the parent array; or -1
     uint16_t depth = 0;  // 0 for the root; stops at 65,535
     OutlineRowType rowType = OutlineRowType::XmlDocument;
     bool hasChildren = false;

@@ -65,11 +65,11 @@ public:
     /// Serialises, encodes and replaces the file; see load/document_saver.cpp.
     [[nodiscard]] bool Save(const std::wstring& path);
 
-    std::wstring text;            // never changes after the parse
-    std::vector<XmlNode> nodes;   // in document order
+    std::wstring text;           // never changes after the parse
+    std::vector<XmlNode> nodes;  // in document order
     std::vector<XmlAttribute> attributes;
-    int32_t root = -1;            // the document node, 0; -1 before a successful parse
-    bool malformed = false;       // tags did not balance
+    int32_t root = -1;       // the document node, 0; -1 before a successful parse
+    bool malformed = false;  // tags did not balance
     bool modified = false;
     TextEncoding encoding{.name = L"UTF-8"};
     std::unordered_map<int32_t, std::wstring> nodeEdits;       // by node

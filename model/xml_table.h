@@ -25,7 +25,8 @@ struct XmlCell {
 class XmlTableView final : public ITableModel {
 public:
     /// `element` may be any node; below 0, or with a null document, the table is an empty key/value
-    /// one. `recordName` names the children that become rows; empty: chosen by how often they occur.
+    /// one. `recordName` names the children that become rows; empty: chosen by how often they
+    /// occur.
     XmlTableView(const XmlDocument* document, int32_t element, std::wstring_view recordName);
     ~XmlTableView() override;
 

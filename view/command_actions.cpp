@@ -91,9 +91,12 @@ void Viewer::OnToggleFilters(Command) {
 }
 
 void Viewer::OnToggleHeaderRow(Command) {
+    if (document_.csv == nullptr) {
+        return;  // only delimited text may have one or not
+    }
     settings_.headerRow = !settings_.headerRow;
     settings::Set(settings::kHeaderRow, settings_.headerRow ? 1 : 0);
-    ReplaceRows(MakeRows(*document_.csv));
+    ReplaceRows(MakeRows(*document_.csv, settings_.headerRow));
 }
 
 // The rows stay as they are filtered and sorted; only columns are numbered anew.

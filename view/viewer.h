@@ -22,6 +22,7 @@
 #include "load/load_worker.h"
 #include "load/loaded_doc.h"
 #include "load/text/document_kind.h"
+#include "view/document.h"
 #include "view/filter_row.h"
 #include "view/fonts.h"
 #include "view/gdi_handles.h"
@@ -70,14 +71,6 @@ public:
 
 private:
     enum class TimerId : UINT_PTR { StartLoad = 1, PendingFilter = 2 };
-
-    /// A document and how it is shown.
-    struct Document {
-        std::unique_ptr<CsvModel> csv;
-        std::unique_ptr<RowView> rows;  // refers to the model above
-        TextEncoding encoding;
-        bool delimiterDetected = false;
-    };
 
     struct Brushes {
         UniqueBrush back, filterBack, paneBack;
@@ -141,7 +134,8 @@ private:
     // viewer_reload.cpp
     [[nodiscard]] UserPlace RememberPlace() const;
     void ReturnTo(const UserPlace& place);
-    [[nodiscard]] std::unique_ptr<RowView> MakeRows(const CsvModel& model) const;
+    [[nodiscard]] std::unique_ptr<RowView> MakeRows(const ITableModel& model, bool header) const;
+    void MakeContent(Document& document) const;
     void ShowRows(const UserPlace& place);
     void ReplaceRows(std::unique_ptr<RowView> rows);
     [[nodiscard]] LoadOptions CurrentLoadOptions() const;

@@ -49,7 +49,7 @@ Answer Viewer::OnLoadFinished() {
     if (doc == nullptr || loaded_) {
         return 0;
     }
-    if (doc->csvModel == nullptr) {
+    if (!doc->HasModel()) {
         FailLoad(doc->error);
         return 0;
     }
@@ -63,10 +63,8 @@ Answer Viewer::OnLoadFinished() {
 
 void Viewer::Adopt(detail::LoadedDoc& doc) {
     const RedrawScope still(window_);
-    document_.csv = std::move(doc.csvModel);
-    document_.encoding = document_.csv->encoding;
-    document_.delimiterDetected = delimiterDetected_;
-    document_.rows = MakeRows(*document_.csv);
+    document_ = DocumentOf(doc, delimiterDetected_);
+    MakeContent(document_);
     grid_.ShowTable(document_.rows.get(), GridStyle());
     loaded_ = true;
     if (OpensOnSourceTab()) {

@@ -41,9 +41,11 @@ CommandState Viewer::DescribeCommands() const {
     state.currentRow = cell.viewRow;
     state.currentDataColumn = grid_.DataColumn(cell.gridColumn);
     state.encodingName = document_.encoding.name;
-    state.delimiter = document_.csv->Delimiter();
-    state.delimiterIsAuto = document_.delimiterDetected;
-    state.commentMode = document_.csv->Options().commentMode;
+    if (document_.csv != nullptr) {
+        state.delimiter = document_.csv->Delimiter();
+        state.delimiterIsAuto = document_.delimiterDetected;
+        state.commentMode = document_.csv->Options().commentMode;
+    }
     return state;
 }
 

@@ -8,7 +8,6 @@
 #include <optional>
 
 #include "host/store/settings.h"
-#include "load/document_loaders.h"
 #include "load/load_options.h"
 #include "load/text/messages.h"
 #include "view/control.h"
@@ -74,10 +73,23 @@ void Viewer::ReturnTo(const UserPlace& place) {
 }
 
 // A view begins unsorted and without filters.
-std::unique_ptr<RowView> Viewer::MakeRows(const CsvModel& model) const {
-    auto rows = std::make_unique<RowView>(model, settings_.headerRow);
+std::unique_ptr<RowView> Viewer::MakeRows(const ITableModel& model, bool header) const {
+    auto rows = std::make_unique<RowView>(model, header);
     rows->SetCaseSensitive(settings::IsOn(settings::kFilterCaseSensitive));
     return rows;
+}
+
+/// What the grid shows of a document that has just been read.
+void Viewer::MakeContent(Document& document) const {
+    if (document.csv != nullptr) {
+        document.rows = MakeRows(*document.csv, settings_.headerRow);
+        return;
+    }
+    const int expandMax = settings::Get(settings::kOutlineExpandMax);
+    document.outline = document.json != nullptr
+                           ? std::make_unique<TreeTableView>(*document.json, expandMax)
+                           : std::make_unique<TreeTableView>(*document.xml, expandMax);
+    document.rows = MakeRows(*document.outline, false);
 }
 
 // The grid lets go of the old rows before they go.
@@ -108,35 +120,34 @@ LoadOptions Viewer::CurrentLoadOptions() const {
     LoadOptions options = CaptureLoadOptions(kind_);
     options.encoding.name = document_.encoding.name;
     options.delimiterDetected = document_.delimiterDetected;
-    options.csv.delimiter = document_.delimiterDetected ? L'\0' : document_.csv->Delimiter();
-    options.csv.commentMode = document_.csv->Options().commentMode;
+    if (document_.csv != nullptr) {
+        options.csv.delimiter = document_.delimiterDetected ? L'\0' : document_.csv->Delimiter();
+        options.csv.commentMode = document_.csv->Options().commentMode;
+    }
     return options;
 }
 
 bool Viewer::Reload(const LoadOptions& options) {
     const WaitCursor wait;
-    std::wstring error;
-    std::unique_ptr<CsvModel> csv =
-        LoadCsv(path_, options.sizeLimit, options.csv, options.encoding, error);
-    if (csv == nullptr) {
+    const LoadJob job{.doc = std::make_shared<detail::LoadedDoc>(),
+                      .viewerWindow = nullptr,
+                      .kind = kind_,
+                      .path = path_,
+                      .options = options};
+    RunLoad(job);
+    if (!job.doc->HasModel()) {
         return false;
     }
-    Document fresh;
-    fresh.rows = MakeRows(*csv);
-    fresh.encoding = csv->encoding;
-    fresh.delimiterDetected = options.delimiterDetected;
-    fresh.csv = std::move(csv);
+    Document fresh = DocumentOf(*job.doc, options.delimiterDetected);
+    MakeContent(fresh);
 
     const RedrawScope still(window_);
     UserPlace place = RememberPlace();
     // Rows are counted without hidden comment lines. In another encoding their places differ, but
     // then their numbers do not.
-    if (fresh.csv->Text().size() == document_.csv->Text().size()) {
+    if (fresh.csv != nullptr && fresh.Text().size() == document_.Text().size()) {
         place.modelRow = SameRow(*document_.csv, place.modelRow, *fresh.csv);
         place.topModelRow = SameRow(*document_.csv, place.topModelRow, *fresh.csv);
-    }
-    if (fresh.csv->ColumnCount() != document_.csv->ColumnCount()) {
-        grid_.ForgetHiddenColumns();
     }
     std::swap(document_, fresh);
     finder_.Reset();
@@ -145,7 +156,7 @@ bool Viewer::Reload(const LoadOptions& options) {
 }
 
 void Viewer::ReloadAs(Command command) {
-    if (document_.csv == nullptr || !AskToSave(SaveReason::Reloading) || IsGone()) {
+    if (!document_.IsLoaded() || !AskToSave(SaveReason::Reloading) || IsGone()) {
         return;
     }
     LoadOptions options = CurrentLoadOptions();

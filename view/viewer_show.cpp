@@ -7,6 +7,33 @@
 
 namespace rl {
 
+namespace {
+
+void DescribeDelimited(const CsvModel& csv, const Document& document, StatusState& state) {
+    state.kind = StatusKind::Csv;
+    state.totalRows = TotalDataRows(csv.RowCount(), document.rows->HasHeaderRow());
+    state.delimiter = csv.Delimiter();
+    state.delimiterIsAuto = document.delimiterDetected;
+    state.commentMode = csv.Options().commentMode;
+    state.commentLines = csv.HiddenCommentCount();
+}
+
+void DescribeOutline(const Document& document, StatusState& state) {
+    const TreeTableView& outline = *document.outline;
+    state.kind = StatusKind::Outline;
+    state.totalRows = outline.NodeCount();
+    state.isXml = document.xml != nullptr;
+    state.isJsonLines = document.json != nullptr && document.json->lines;
+    state.isMalformed = document.xml != nullptr && document.xml->malformed;
+    state.isCapped = outline.IsCapped();
+    const int row = document.rows->ModelRow(state.focusedRow);
+    if (row >= 0) {
+        state.nodeName = outline.CellText(row, 0);
+    }
+}
+
+}  // namespace
+
 void Viewer::SwitchTab(ViewerTab tab) {
     if (!loaded_ || tab == tab_) {
         return;
@@ -37,21 +64,19 @@ StatusState Viewer::DescribeStatus() const {
     if (!loaded_ || document_.rows == nullptr) {
         return {};
     }
-    const CsvModel& csv = *document_.csv;
     const GridCell cell = grid_.Current();
     StatusState state;
-    state.kind = StatusKind::Csv;
     state.encodingName = document_.encoding.name;
     state.editMode = editMode_;
-    state.modified = csv.IsModified();
+    state.modified = document_.IsModified();
     state.visibleRows = document_.rows->VisibleRowCount();
-    state.totalRows = TotalDataRows(csv.RowCount(), document_.rows->HasHeaderRow());
     state.focusedRow = cell.viewRow;
     state.focusedColumn = cell.gridColumn;
-    state.delimiter = csv.Delimiter();
-    state.delimiterIsAuto = document_.delimiterDetected;
-    state.commentMode = csv.Options().commentMode;
-    state.commentLines = csv.HiddenCommentCount();
+    if (document_.csv != nullptr) {
+        DescribeDelimited(*document_.csv, document_, state);
+    } else if (document_.outline != nullptr) {
+        DescribeOutline(document_, state);
+    }
     return state;
 }
 

@@ -1,0 +1,49 @@
+// A document and how the grid shows it: the model that was loaded, what is made from it, its rows.
+//
+// Plain ownership without behaviour of its own. Members refer to those above them, so they go in
+// the order in which they must.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "load/loaded_doc.h"
+#include "load/text/text_encoding.h"
+#include "model/csv_model.h"
+#include "model/json_document.h"
+#include "model/json_table.h"
+#include "model/outline_model.h"
+#include "model/xml_document.h"
+#include "model/xml_table.h"
+#include "view/logic/row_view.h"
+
+namespace rl {
+
+struct Document {
+    // What was loaded: one of these.
+    std::unique_ptr<CsvModel> csv;
+    std::unique_ptr<JsonDocument> json;
+    std::unique_ptr<XmlDocument> xml;
+    TextEncoding encoding;
+    bool delimiterDetected = false;
+
+    // What the grid shows of JSON and XML: the outline, or one node as a table.
+    std::unique_ptr<TreeTableView> outline;
+    std::unique_ptr<JsonTableView> jsonTable;
+    std::unique_ptr<XmlTableView> xmlTable;
+    int32_t tableNode = -1;  // the node the table shows
+
+    std::unique_ptr<RowView> rows;
+
+    [[nodiscard]] bool IsLoaded() const {
+        return csv != nullptr || json != nullptr || xml != nullptr;
+    }
+    [[nodiscard]] bool IsModified() const;
+    /// The text as it was loaded.
+    [[nodiscard]] const std::wstring& Text() const;
+};
+
+/// Takes over what a load has brought; nothing is shown of it yet.
+[[nodiscard]] Document DocumentOf(detail::LoadedDoc& doc, bool delimiterDetected);
+
+}  // namespace rl
