@@ -6,16 +6,17 @@
 // The document must outlive the outline; both belong to one thread.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
-
-#include <array>
 #include <vector>
 
 #include "model/json_document.h"
 #include "model/outline_rows.h"
+#include "model/outline_tree.h"
+#include "model/outline_walk.h"
 #include "model/table_model.h"
 #include "model/xml_document.h"
 
@@ -74,8 +75,8 @@ public:
     /// Nodes of the document, whatever is open.
     [[nodiscard]] int32_t NodeCount() const;
 
-    [[nodiscard]] const JsonDocument* Json() const { return json_; }  // null for XML
-    [[nodiscard]] const XmlDocument* Xml() const { return xml_; }     // null for JSON
+    [[nodiscard]] const JsonDocument* Json() const { return tree_.Json(); }  // null for XML
+    [[nodiscard]] const XmlDocument* Xml() const { return tree_.Xml(); }     // null for JSON
     /// The units of the text behind a row: a value (JSON), the node's source (XML), an attribute
     /// from its name to its closing quote. Both 0 outside the outline.
     struct SourceRange {
@@ -87,12 +88,33 @@ public:
     [[nodiscard]] XmlValueRef ValueRefOf(int32_t row) const;
 
 private:
-    const XmlDocument* xml_ = nullptr;
-    const JsonDocument* json_ = nullptr;
-    std::vector<OutlineRow> rows_;
-    std::vector<uint8_t> expanded_;
-    std::vector<uint8_t> matches_;
-    std::array<std::wstring, 2> filters_;
+    struct Filter {
+        std::wstring text;  // empty: the column has none
+        OutlineFilter passes;
+
+        [[nodiscard]] bool Passes(std::wstring& shown) const {
+            return text.empty() || !passes || passes(shown);
+        }
+    };
+
+    void OpenFirstLevels();
+    void CollectClosed(std::vector<int32_t>& closed) const;
+    [[nodiscard]] bool IsListed(int32_t node) const;
+    [[nodiscard]] int64_t ListedAttributes(int32_t node) const;
+    [[nodiscard]] int64_t CountBelow(int32_t node, int64_t most,
+                                     std::vector<int32_t>& closed) const;
+
+    [[nodiscard]] bool IsFiltered() const;
+    void MarkMatches();
+    [[nodiscard]] bool MarkAttributes(int32_t node, std::wstring& text);
+    void MarkListed(int32_t node);
+    void OpenAllAbove(int32_t node);
+
+    OutlineTree tree_;
+    OutlineState state_;
+    OutlineRowList rows_;
+    bool capped_ = false;
+    std::array<Filter, 2> filters_;  // of names and of values
 };
 
 }  // namespace rl

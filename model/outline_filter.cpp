@@ -1,0 +1,224 @@
+// What narrows an outline to the nodes that pass its filters, and what opens the way to every node
+// that holds a text.
+#include <algorithm>
+
+#include "load/text/platform.h"
+#include "model/outline_model.h"
+
+namespace rl {
+
+namespace {
+
+/// Looks for one text in many short ones, ignoring case. The short texts are gathered and lowered
+/// together: a call of the system for each would cost more than all the rest.
+class FoldedSearch {
+public:
+    struct Piece {
+        size_t start = 0;
+        int32_t node = -1;
+        bool isAttribute = false;
+    };
+
+    explicit FoldedSearch(std::wstring_view wanted) : wanted_(wanted) {
+        platform::FoldCase(wanted_);
+    }
+
+    void Add(const std::wstring& text, int32_t node, bool isAttribute) {
+        pieces_.push_back({.start = gathered_.size(), .node = node, .isAttribute = isAttribute});
+        gathered_ += text;
+        gathered_ += L'\0';  // keeps the halves of a pair in two texts apart
+    }
+    [[nodiscard]] bool IsFull() const { return gathered_.size() >= kGathered; }
+
+    /// Hands every gathered text that holds the wanted one to `found`, and forgets them all.
+    template <typename Found>
+    void Search(const Found& found) {
+        platform::FoldCase(gathered_);
+        size_t piece = 0;
+        for (size_t at = gathered_.find(wanted_); at != std::wstring::npos;
+             at = gathered_.find(wanted_, at)) {
+            while (piece + 1 < pieces_.size() && pieces_[piece + 1].start <= at) {
+                ++piece;
+            }
+            const size_t end =
+                piece + 1 < pieces_.size() ? pieces_[piece + 1].start : gathered_.size();
+            if (at + wanted_.size() < end) {
+                found(pieces_[piece]);
+            }
+            at = end;
+        }
+        gathered_.clear();
+        pieces_.clear();
+    }
+
+private:
+    static constexpr size_t kGathered = 65'536;  // units
+
+    std::wstring wanted_;
+    std::wstring gathered_;
+    std::vector<Piece> pieces_;
+};
+
+bool HasXmlRowsBelow(const OutlineTree& tree, int32_t node) {
+    const XmlDocument* xml = tree.Xml();
+    return xml != nullptr && xml->nodes[static_cast<size_t>(node)].kind == XmlKind::Element &&
+           xml->HasNonTextChild(node);
+}
+
+}  // namespace
+
+void TreeTableView::SetFilter(int32_t column, std::wstring_view text, OutlineFilter filter) {
+    if (column < 0 || column >= ColumnCount()) {
+        return;
+    }
+    filters_[static_cast<size_t>(column)] = {.text = std::wstring(text),
+                                             .passes = std::move(filter)};
+    const bool wasFiltered = state_.filtered;
+    const bool filtered = IsFiltered();
+    if (!wasFiltered && !filtered) {
+        return;
+    }
+    const XmlDocument* xml = tree_.Xml();
+    std::vector<uint8_t> attributes(filtered && xml != nullptr ? xml->attributes.size() : 0);
+    state_.listedAttributes = std::move(attributes);
+    state_.filtered = filtered;
+    const int before = wasFiltered ? kOutlineOpenBefore : kOutlineOpen;
+    const int opened = filtered ? kOutlineOpen | kOutlineOpenBefore : kOutlineOpen;
+    for (uint8_t& flags : state_.flags) {
+        flags = static_cast<uint8_t>((flags & before) != 0 ? opened : 0);
+    }
+    if (filtered) {
+        MarkMatches();
+    }
+    Rebuild();
+}
+
+std::wstring_view TreeTableView::FilterText(int32_t column) const {
+    return column >= 0 && column < ColumnCount() ? filters_[static_cast<size_t>(column)].text
+                                                 : std::wstring_view();
+}
+
+bool TreeTableView::IsFiltered() const {
+    return std::ranges::any_of(filters_, [](const Filter& filter) { return !filter.text.empty(); });
+}
+
+void TreeTableView::MarkMatches() {
+    if (tree_.Root() < 0) {
+        return;
+    }
+    ArrayPositions positions(tree_);
+    std::wstring text;
+    const auto& [names, values] = filters_;
+    for (int32_t node = tree_.Root(); node < tree_.Size(); ++node) {
+        const int32_t position = positions.Next(node);
+        if (!tree_.IsRow(node)) {
+            continue;
+        }
+        bool passes = true;
+        if (!names.text.empty()) {
+            tree_.ReadName(node, position, text);
+            passes = names.Passes(text);
+        }
+        if (passes && !values.text.empty()) {
+            tree_.ReadValue(node, text);
+            FoldOntoOneLine(text);
+            passes = values.Passes(text);
+        }
+        if (MarkAttributes(node, text)) {
+            state_.Set(node, kOutlineOpen);
+            passes = true;
+        }
+        if (passes) {
+            MarkListed(node);
+        }
+    }
+}
+
+/// Whether some attribute of the node passes; `text` lends its room.
+bool TreeTableView::MarkAttributes(int32_t node, std::wstring& text) {
+    bool any = false;
+    const int32_t first = tree_.FirstAttribute(node);
+    const auto& [names, values] = filters_;
+    for (int32_t i = first; i < first + tree_.AttributeCount(node); ++i) {
+        bool passes = true;
+        if (!names.text.empty()) {
+            tree_.ReadAttributeName(i, text);
+            passes = names.Passes(text);
+        }
+        if (passes && !values.text.empty()) {
+            tree_.ReadAttributeValue(i, text);
+            FoldOntoOneLine(text);
+            passes = values.Passes(text);
+        }
+        state_.listedAttributes[static_cast<size_t>(i)] = passes ? 1 : 0;
+        any = any || passes;
+    }
+    return any;
+}
+
+void TreeTableView::MarkListed(int32_t node) {
+    state_.Set(node, kOutlineListed);
+    for (int32_t at = tree_.Parent(node); at >= 0; at = tree_.Parent(at)) {
+        const bool known = state_.Is(at, kOutlineListed);  // and so is all above it
+        state_.Set(at, kOutlineListed | kOutlineOpen);
+        if (known) {
+            return;
+        }
+    }
+}
+
+void TreeTableView::OpenAllAbove(int32_t node) {
+    for (int32_t at = tree_.Parent(node); at >= 0; at = tree_.Parent(at)) {
+        if (state_.Is(at, kOutlineReached)) {
+            return;
+        }
+        state_.Set(at, kOutlineReached | kOutlineOpen);
+    }
+}
+
+int32_t TreeTableView::RevealMatches(std::wstring_view text) {
+    if (text.empty() || tree_.Root() < 0) {
+        return 0;
+    }
+    FoldedSearch search(text);
+    int32_t count = 0;
+    int32_t last = -1;
+    const auto found = [&](const FoldedSearch::Piece& piece) {
+        count += piece.node != last ? 1 : 0;
+        last = piece.node;
+        OpenAllAbove(piece.node);
+        if (piece.isAttribute || HasXmlRowsBelow(tree_, piece.node)) {
+            state_.Set(piece.node, kOutlineOpen);
+        }
+    };
+    ArrayPositions positions(tree_);
+    std::wstring shown;
+    for (int32_t node = tree_.Root(); node < tree_.Size(); ++node) {
+        tree_.ReadName(node, positions.Next(node), shown);
+        search.Add(shown, node, false);
+        tree_.ReadValue(node, shown);
+        FoldOntoOneLine(shown);
+        search.Add(shown, node, false);
+        const int32_t first = tree_.FirstAttribute(node);
+        for (int32_t i = first; i < first + tree_.AttributeCount(node); ++i) {
+            tree_.ReadAttributeName(i, shown);
+            search.Add(shown, node, true);
+            tree_.ReadAttributeValue(i, shown);
+            FoldOntoOneLine(shown);
+            search.Add(shown, node, true);
+        }
+        if (search.IsFull()) {
+            search.Search(found);
+        }
+    }
+    search.Search(found);
+    for (int32_t node = 0; node < tree_.Size(); ++node) {
+        state_.Clear(node, kOutlineReached);
+    }
+    if (count > 0) {
+        Rebuild();
+    }
+    return count;
+}
+
+}  // namespace rl
