@@ -10,6 +10,7 @@
 #include "load/text/decode_text.h"
 #include "load/text/detect_encoding.h"
 #include "load/text/encode_text.h"
+#include "load/text/utf8_stream.h"
 #include "load/text/utf_encode.h"
 #include "load/text/utf_kernels.h"
 
@@ -58,6 +59,29 @@ void CheckDecoding(std::string_view bytes, const EncodingRequest& request) {
     }
 }
 
+/// What the stream takes, it converts as if it were whole; it refuses only what is ill formed.
+void CheckStream(std::string_view bytes, const EncodingRequest& request, size_t step) {
+    TextEncoding whole;
+    TextEncoding found;
+    const std::wstring text = DecodeText(bytes, request, whole);
+    if (!Utf8Stream::MayBegin(bytes, request, found)) {
+        return;
+    }
+    Utf8Stream stream(bytes.size());
+    size_t at = found.hasBom ? LeadingMark(bytes).bytes.size() : 0;
+    bool taken = true;
+    for (; taken && at < bytes.size(); at += step) {
+        taken = stream.Feed(bytes.substr(at, step));
+    }
+    if (taken && stream.Finish()) {
+        Require(stream.TakeText() == text);
+        Require(found == whole);
+    } else {
+        std::vector<Unit> units(bytes.size());
+        Require(utf::Utf8ToUnitsScalar<Unit>(bytes, units).read < bytes.size());
+    }
+}
+
 void CheckKernel(utf::Utf8Kernel<Unit> kernel, std::string_view bytes, size_t room) {
     std::vector<Unit> fast(room);
     std::vector<Unit> slow(room);
@@ -88,6 +112,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     const std::string_view bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
     CheckDecoding(bytes, RequestOf(data[0]));
+    CheckStream(bytes, RequestOf(data[0]), 1 + bytes.size() % 7);
     for (const size_t room : {bytes.size(), bytes.size() / 2}) {
         CheckKernel(simd::Utf8ToUnitsSse2<Unit>, bytes, room);
         if (HasAvx2()) {

@@ -1,20 +1,56 @@
 #include "load/document_loaders.h"
 
+#include <optional>
 #include <string_view>
 #include <utility>
 
 #include "load/files/file_reader.h"
 #include "load/text/decode_text.h"
+#include "load/text/detect_encoding.h"
 #include "load/text/messages.h"
+#include "load/text/utf8_stream.h"
 
 namespace rl {
 namespace {
+
+/// What became of the attempt to read a file as UTF-8.
+enum class Utf8Outcome { Done, NotUtf8, Failed };
+
+/// Nearly every file: converted piece by piece while it is read, its bytes never whole in memory.
+Utf8Outcome ReadUtf8(const std::wstring& path, int64_t sizeLimit, const EncodingRequest& request,
+                     const AbandonCheck& abandoned, std::wstring& text, TextEncoding& found,
+                     std::wstring& error) {
+    std::optional<Utf8Stream> stream;
+    bool fits = true;
+    const auto take = [&](std::string_view piece, size_t fileSize) {
+        if (!stream) {
+            fits = Utf8Stream::MayBegin(piece, request, found);
+            stream.emplace(fileSize);
+            piece.remove_prefix(found.hasBom ? LeadingMark(piece).bytes.size() : 0);
+        }
+        fits = fits && stream->Feed(piece);
+        return fits;
+    };
+    if (!ReadFileInPieces(path, sizeLimit, take, error, abandoned)) {
+        return fits ? Utf8Outcome::Failed : Utf8Outcome::NotUtf8;
+    }
+    if (!stream->Finish()) {
+        return Utf8Outcome::NotUtf8;
+    }
+    text = stream->TakeText();
+    return Utf8Outcome::Done;
+}
 
 /// Reads and decodes. The bytes are gone before the text is returned: the largest document that can
 /// be opened is decided by what exists at the same time.
 bool ReadText(const std::wstring& path, int64_t sizeLimit, const EncodingRequest& request,
               const AbandonCheck& abandoned, std::wstring& text, TextEncoding& found,
               std::wstring& error) {
+    switch (ReadUtf8(path, sizeLimit, request, abandoned, text, found, error)) {
+        case Utf8Outcome::Done: return true;
+        case Utf8Outcome::Failed: return false;
+        case Utf8Outcome::NotUtf8: break;
+    }
     std::string bytes;
     if (!ReadFileLimited(path, sizeLimit, bytes, error, abandoned)) {
         return false;

@@ -1,6 +1,7 @@
 #include "load/files/file_reader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "load/text/byte_size.h"
 #include "load/text/messages.h"
@@ -59,30 +60,65 @@ Outcome ReadExactly(HANDLE file, size_t size, std::string& bytes, const AbandonC
     return outcome;
 }
 
+/// Opens a file that is not too large; no handle and a sentence otherwise.
+UniqueFile OpenLimited(const std::wstring& path, int64_t limit, size_t& size, std::wstring& error) {
+    error.clear();
+    UniqueFile file = OpenForReading(path);
+    LARGE_INTEGER found{};
+    if (!file) {
+        error = messages::kNotOpened;
+    } else if (!GetFileSizeEx(file.Get(), &found)) {
+        error = messages::kNoSize;
+    } else {
+        error = SizeRefusal(found.QuadPart, limit);
+        size = static_cast<size_t>(found.QuadPart);
+    }
+    return error.empty() ? std::move(file) : UniqueFile();
+}
+
 }  // namespace
 
 bool ReadFileLimited(const std::wstring& path, int64_t limit, std::string& bytes,
                      std::wstring& error, const AbandonCheck& abandoned) {
     Release(bytes);
-    error.clear();
-    const UniqueFile file = OpenForReading(path);
+    size_t size = 0;
+    const UniqueFile file = OpenLimited(path, limit, size, error);
     if (!file) {
-        return Fail(error, messages::kNotOpened);
-    }
-    LARGE_INTEGER size{};
-    if (!GetFileSizeEx(file.Get(), &size)) {
-        return Fail(error, messages::kNoSize);
-    }
-    error = SizeRefusal(size.QuadPart, limit);
-    if (!error.empty()) {
         return false;
     }
-    switch (ReadExactly(file.Get(), static_cast<size_t>(size.QuadPart), bytes, abandoned)) {
+    switch (ReadExactly(file.Get(), size, bytes, abandoned)) {
         case Outcome::Complete: return true;
         case Outcome::Abandoned: return false;
         case Outcome::Failed: break;
     }
     return Fail(error, messages::kNotRead);
+}
+
+bool ReadFileInPieces(const std::wstring& path, int64_t limit, const TakePiece& take,
+                      std::wstring& error, const AbandonCheck& abandoned) {
+    // Small enough to stay in the processor's cache until it is converted.
+    constexpr size_t kPiece = size_t{512} << 10;
+    size_t size = 0;
+    const UniqueFile file = OpenLimited(path, limit, size, error);
+    if (!file) {
+        return false;
+    }
+    std::string buffer(std::min(size, kPiece), '\0');
+    size_t done = 0;
+    do {
+        if (IsAbandoned(abandoned)) {
+            return false;
+        }
+        const size_t got = ReadSome(file.Get(), buffer.data(), std::min(size - done, kPiece));
+        if (got == 0 && done < size) {
+            return Fail(error, messages::kNotRead);
+        }
+        if (!take(std::string_view(buffer).substr(0, got), size)) {
+            return false;
+        }
+        done += got;
+    } while (done < size);
+    return true;
 }
 
 std::string ReadFileHead(const std::wstring& path, uint32_t count) {

@@ -5,8 +5,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "load/files/file_handle.h"
 #include "load/text/abandon_check.h"
@@ -19,6 +21,14 @@ namespace rl {
 /// Throws std::bad_alloc when the bytes do not fit into memory.
 [[nodiscard]] bool ReadFileLimited(const std::wstring& path, int64_t limit, std::string& bytes,
                                    std::wstring& error, const AbandonCheck& abandoned = {});
+
+/// Hands the file over in pieces, in order, as long as `take` answers true; the buffer is used
+/// again for each, so that the file never stands in memory whole. `take` is told the file's size
+/// and gets one empty piece of an empty file. Limits and failures as above; false without a
+/// sentence also when `take` refused.
+using TakePiece = std::function<bool(std::string_view piece, size_t fileSize)>;
+[[nodiscard]] bool ReadFileInPieces(const std::wstring& path, int64_t limit, const TakePiece& take,
+                                    std::wstring& error, const AbandonCheck& abandoned = {});
 
 /// The first `count` bytes of a file, fewer when it is shorter; empty when it cannot be read.
 [[nodiscard]] std::string ReadFileHead(const std::wstring& path, uint32_t count);

@@ -52,6 +52,26 @@ TEST_F(LoadCsvTest, DecodesAsTheRequestSays) {
     EXPECT_EQ(model->encoding, (TextEncoding{.name = L"ANSI", .codePage = 1250}));
 }
 
+TEST_F(LoadCsvTest, TurnsToTheCodePageWhereverTheFirstOtherByteStands) {
+    const std::string bytes = std::string(3'000'000, 'x') + ",\xE8\n";
+    const auto model = Load(bytes, {}, {.ansiCodePage = 1250});
+
+    ASSERT_NE(model, nullptr);
+    EXPECT_EQ(model->CellText(0, 1), L"\x010D");
+    EXPECT_EQ(model->encoding, (TextEncoding{.name = L"ANSI", .codePage = 1250}));
+}
+
+TEST_F(LoadCsvTest, KeepsCharactersThatTheReadingParts) {
+    std::string bytes = "a";  // so that the sequences of two bytes lie across the pieces
+    while (bytes.size() < 2'000'000) {
+        bytes += "\xC3\xA9";
+    }
+    const auto model = Load(bytes);
+
+    ASSERT_NE(model, nullptr);
+    EXPECT_EQ(model->Text(), L"a" + std::wstring(1'000'000, L'\x00E9'));
+}
+
 TEST_F(LoadCsvTest, IgnoresAnXmlDeclaration) {
     const auto model = Load("<?xml version=\"1.0\" encoding=\"windows-1251\"?>\n\xE8");
 

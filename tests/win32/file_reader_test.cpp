@@ -56,6 +56,69 @@ TEST(ReadFileLimited, GivesTheBytesAsTheyAre) {
     EXPECT_EQ(read.error, L"");
 }
 
+TEST(ReadFileInPieces, HandsOverTheWholeFileInOrder) {
+    const TempFolder folder;
+    std::string content;
+    for (int i = 0; content.size() < 3'000'000; ++i) {
+        content += std::to_string(i) + '\n';
+    }
+    const std::wstring path = folder.Write(L"a.csv", content);
+    std::string got;
+    std::wstring error = L"left over";
+
+    EXPECT_TRUE(ReadFileInPieces(
+        path, 0,
+        [&](std::string_view piece, size_t fileSize) {
+            EXPECT_EQ(fileSize, content.size());
+            got += piece;
+            return true;
+        },
+        error));
+    EXPECT_TRUE(got == content);
+    EXPECT_EQ(error, L"");
+}
+
+TEST(ReadFileInPieces, HandsOverOneEmptyPieceOfAnEmptyFile) {
+    const TempFolder folder;
+    int pieces = 0;
+    std::wstring error;
+
+    EXPECT_TRUE(ReadFileInPieces(
+        folder.Write(L"a.csv", ""), 0,
+        [&](std::string_view piece, size_t) {
+            EXPECT_TRUE(piece.empty());
+            return ++pieces == 1;
+        },
+        error));
+    EXPECT_EQ(pieces, 1);
+}
+
+TEST(ReadFileInPieces, StopsWithoutASentenceWhereItsTakerRefusesOrNobodyWaits) {
+    const TempFolder folder;
+    const std::wstring path = folder.Write(L"a.csv", std::string(3'000'000, 'x'));
+    int pieces = 0;
+    std::wstring error;
+    const auto take = [&](std::string_view, size_t) { return ++pieces < 2; };
+
+    EXPECT_FALSE(ReadFileInPieces(path, 0, take, error));
+    EXPECT_EQ(pieces, 2);
+    EXPECT_EQ(error, L"");
+    EXPECT_FALSE(ReadFileInPieces(path, 0, take, error, [] { return true; }));
+    EXPECT_EQ(pieces, 2);
+    EXPECT_EQ(error, L"");
+}
+
+TEST(ReadFileInPieces, SaysWhyAFileCannotBeRead) {
+    const TempFolder folder;
+    const auto take = [](std::string_view, size_t) { return true; };
+    std::wstring error;
+
+    EXPECT_FALSE(ReadFileInPieces(folder.PathOf(L"missing.csv"), 0, take, error));
+    EXPECT_EQ(error, messages::kNotOpened);
+    EXPECT_FALSE(ReadFileInPieces(folder.Write(L"a.csv", "12345"), 4, take, error));
+    EXPECT_NE(error.find(L"exceeds the configured size limit"), std::wstring::npos);
+}
+
 TEST(ReadFileLimited, ReadsAnEmptyFile) {
     const TempFolder folder;
 
