@@ -1,4 +1,6 @@
 // Edits: they stand beside the text, which is never rewritten.
+#include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "model/csv_model.h"
@@ -14,7 +16,7 @@ void CsvModel::SetCellText(int32_t row, int32_t column, std::wstring_view text) 
     const int32_t id = my.order.VisibleId(row);
     const int32_t textColumn = my.TextColumn(column);
     if (id < 0) {
-        my.Inserted(id)[static_cast<size_t>(textColumn)] = text;
+        my.Inserted(id).insert_or_assign(textColumn, std::wstring(text));
     } else {
         my.editedCells.insert_or_assign(detail::MakeCellKey(id, textColumn), std::wstring(text));
     }
@@ -26,7 +28,7 @@ bool CsvModel::InsertRowBelow(int32_t row) {
     if (!my.HasRow(row)) {
         return false;
     }
-    my.insertedRows.emplace_back(static_cast<size_t>(my.columnCount));
+    my.insertedRows.emplace_back();
     const auto index = static_cast<int32_t>(my.insertedRows.size() - 1);
     my.order.InsertBelow(row, ~index, my.records);
     my.modified = true;
@@ -39,6 +41,17 @@ bool CsvModel::DeleteRow(int32_t row) {
         return false;
     }
     my.order.Erase(row, my.records);
+    my.modified = true;
+    return true;
+}
+
+bool CsvModel::DeleteRows(std::span<const int32_t> rows) {
+    detail::CsvModelState& my = *state_;
+    if (rows.empty() || !my.HasRow(rows.front()) || !my.HasRow(rows.back()) ||
+        std::ranges::adjacent_find(rows, std::greater_equal()) != rows.end()) {
+        return false;
+    }
+    my.order.EraseAll(rows, my.records);
     my.modified = true;
     return true;
 }
@@ -62,6 +75,14 @@ bool CsvModel::DeleteColumn(int32_t column) {
     my.visibleColumns = std::move(visible);
     my.modified = true;
     return true;
+}
+
+int32_t CsvModel::FileRow(int32_t row) const {
+    return state_->HasRow(row) ? state_->order.PlaceOf(row) : -1;
+}
+
+int32_t CsvModel::RowAt(int32_t fileRow) const {
+    return state_->order.RowAt(fileRow);
 }
 
 bool CsvModel::IsModified() const {

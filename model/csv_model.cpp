@@ -138,7 +138,9 @@ std::wstring_view CsvModel::CellView(int32_t row, int32_t column, std::wstring& 
     const int32_t textColumn = my.TextColumn(column);
     const auto place = static_cast<size_t>(textColumn);
     if (id < 0) {
-        return my.Inserted(id)[place];
+        const detail::CsvInsertedRow& cells = std::as_const(my).Inserted(id);
+        const auto filled = cells.find(textColumn);
+        return filled != cells.end() ? std::wstring_view(filled->second) : std::wstring_view();
     }
     if (!my.editedCells.empty() && textColumn < detail::kMaxCsvEditColumns) {
         if (const auto edited = my.editedCells.find(detail::MakeCellKey(id, textColumn));

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -51,12 +52,21 @@ public:
     /// The record behind a row as it stands in the text, without its line break; empty for an
     /// inserted row and outside the table. For finding a row again in the source.
     [[nodiscard]] std::wstring_view RawRow(int32_t row) const;
+    /// A row's number among all rows of the document as `Serialize` writes it, hidden ones
+    /// included; -1 outside the table. For finding a row again once that text was parsed.
+    [[nodiscard]] int32_t FileRow(int32_t row) const;
+    /// The row with such a number, or the first one below it where that is hidden; `RowCount()`
+    /// where there is none.
+    [[nodiscard]] int32_t RowAt(int32_t fileRow) const;
 
     /// Stores an edit; ignored outside the table and where `IsCellEditable` says no.
     void SetCellText(int32_t row, int32_t column, std::wstring_view text);
     /// Puts a row of empty cells below `row`; false outside the table.
     bool InsertRowBelow(int32_t row);
     bool DeleteRow(int32_t row);
+    /// Deletes many rows in one go; false, and none deleted, unless they are ascending and all in
+    /// the table.
+    bool DeleteRows(std::span<const int32_t> rows);
     bool DeleteColumn(int32_t column);
 
     /// The document's text with all edits; exactly the loaded text when there were none.

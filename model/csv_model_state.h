@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -34,6 +35,10 @@ struct CsvCellKeyHash {
     }
 };
 
+/// The cells of an inserted row that were filled, by column of the text: a row has as many columns
+/// as the widest of the file, and hardly any of them are.
+using CsvInsertedRow = std::map<int32_t, std::wstring>;
+
 struct CsvModelState {
     std::wstring text;
     CsvOptions options;
@@ -41,7 +46,7 @@ struct CsvModelState {
     std::wstring_view lineEnding = L"\r\n";
     CsvRecordStore records;
     CsvRowOrder order;
-    std::vector<std::vector<std::wstring>> insertedRows;
+    std::vector<CsvInsertedRow> insertedRows;
     std::unordered_map<CsvCellKey, std::wstring, CsvCellKeyHash> editedCells;
     std::vector<bool> deletedColumns;     // empty while there are none
     std::vector<int32_t> visibleColumns;  // in use once a column was deleted
@@ -76,10 +81,10 @@ struct CsvModelState {
         return records[static_cast<size_t>(id)];
     }
     /// The cells of an inserted row; its id is the complement of its number.
-    [[nodiscard]] const std::vector<std::wstring>& Inserted(int32_t id) const noexcept {
+    [[nodiscard]] const CsvInsertedRow& Inserted(int32_t id) const noexcept {
         return insertedRows[static_cast<uint32_t>(~id)];
     }
-    [[nodiscard]] std::vector<std::wstring>& Inserted(int32_t id) noexcept {
+    [[nodiscard]] CsvInsertedRow& Inserted(int32_t id) noexcept {
         return insertedRows[static_cast<uint32_t>(~id)];
     }
     [[nodiscard]] std::wstring_view RecordText(const CsvRowSpan& record) const noexcept {

@@ -1,6 +1,7 @@
 // The order of rows, written down only once it differs from that of the text.
 #include "model/csv_row_order.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace rl {
@@ -47,6 +48,28 @@ void CsvRowOrder::Erase(int32_t row, const CsvRecordStore& records) {
     WriteOrderDown();
     order_.erase(order_.begin() + place);
     ListVisible(records);
+}
+
+void CsvRowOrder::EraseAll(std::span<const int32_t> rows, const CsvRecordStore& records) {
+    WriteOrderDown();
+    auto next = rows.begin();
+    int32_t kept = 0;
+    for (int32_t place = 0; place < Size(); ++place) {
+        if (next != rows.end() && PlaceOf(*next) == place) {
+            ++next;
+        } else {
+            order_[static_cast<size_t>(kept++)] = order_[static_cast<size_t>(place)];
+        }
+    }
+    order_.resize(static_cast<size_t>(kept));
+    ListVisible(records);
+}
+
+int32_t CsvRowOrder::RowAt(int32_t place) const noexcept {
+    if (hasVisibleList_) {
+        return static_cast<int32_t>(std::ranges::lower_bound(visible_, place) - visible_.begin());
+    }
+    return std::clamp(place - hiddenAtTop_, 0, VisibleCount());
 }
 
 void CsvRowOrder::WriteOrderDown() {

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "model/csv_records.h"
@@ -42,11 +43,17 @@ public:
     void InsertBelow(int32_t row, int32_t id, const CsvRecordStore& records);
     /// Takes a shown row out.
     void Erase(int32_t row, const CsvRecordStore& records);
+    /// Takes many out in one pass; `rows` are shown and ascend.
+    void EraseAll(std::span<const int32_t> rows, const CsvRecordStore& records);
 
-private:
+    /// The place among all rows of one that is shown.
     [[nodiscard]] int32_t PlaceOf(int32_t row) const noexcept {
         return hasVisibleList_ ? visible_[static_cast<size_t>(row)] : row + hiddenAtTop_;
     }
+    /// The first row shown at a place or below it; `VisibleCount()` when there is none.
+    [[nodiscard]] int32_t RowAt(int32_t place) const noexcept;
+
+private:
     void WriteOrderDown();
     void ListVisible(const CsvRecordStore& records);
 

@@ -1,5 +1,6 @@
 // The document as text again: what nobody touched is copied as it stands.
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "model/csv_model.h"
@@ -115,14 +116,17 @@ private:
         }
     }
 
-    void WriteInserted(const std::vector<std::wstring>& cells) {
+    void WriteInserted(const detail::CsvInsertedRow& cells) {
         EndRowBefore();
         bool first = true;
-        for (size_t column = 0; column < cells.size(); ++column) {
-            if (!model_.IsColumnDeleted(column)) {
+        auto filled = cells.begin();
+        for (int32_t column = 0; column < model_.columnCount; ++column) {
+            const bool isFilled = filled != cells.end() && filled->first == column;
+            if (!model_.IsColumnDeleted(static_cast<size_t>(column))) {
                 WriteDelimiterUnless(first);
-                Quote(cells[column], false);
+                Quote(isFilled ? std::wstring_view(filled->second) : std::wstring_view(), false);
             }
+            filled = isFilled ? std::next(filled) : filled;
         }
         lacksLineBreak_ = true;
     }

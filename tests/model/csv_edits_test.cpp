@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "model/csv_model.h"
+#include "tests/support/allocation_limit.h"
 
 namespace rl {
 namespace {
@@ -202,6 +203,86 @@ TEST_F(CsvEdits, DeleteAnInsertedRow) {
     ASSERT_TRUE(model.InsertRowBelow(0));
     ASSERT_TRUE(model.DeleteRow(1));
     EXPECT_EQ(Saved(), L"a\nb\n");
+}
+
+TEST_F(CsvEdits, DeleteManyRowsInOneGo) {
+    Load(L"a\nb\nc\nd\ne\n");
+    ASSERT_TRUE(model.InsertRowBelow(1));
+    model.SetCellText(2, 0, L"new");
+    const int32_t rows[] = {0, 2, 4, 5};
+    ASSERT_TRUE(model.DeleteRows(rows));
+    EXPECT_EQ(model.RowCount(), 2);
+    EXPECT_TRUE(model.IsModified());
+    EXPECT_EQ(Saved(), L"b\nc\n");
+}
+
+TEST_F(CsvEdits, DeleteManyRowsAroundHiddenOnes) {
+    Load(L"# c\na\n\nb\n# d\nc\n", {.commentMode = CommentMode::Hide});
+    const int32_t rows[] = {0, 2};
+    ASSERT_TRUE(model.DeleteRows(rows));
+    EXPECT_EQ(model.CellText(0, 0), L"b");
+    EXPECT_EQ(Saved(), L"# c\n\nb\n# d\n");
+}
+
+TEST_F(CsvEdits, DeleteNoneOfManyRowsThatAreNotInOrder) {
+    Load(L"a\nb\nc\n");
+    const int32_t twice[] = {1, 1};
+    const int32_t backwards[] = {1, 0};
+    const int32_t outside[] = {1, 3};
+    const int32_t before[] = {-1, 1};
+    EXPECT_FALSE(model.DeleteRows({}));
+    EXPECT_FALSE(model.DeleteRows(twice));
+    EXPECT_FALSE(model.DeleteRows(backwards));
+    EXPECT_FALSE(model.DeleteRows(outside));
+    EXPECT_FALSE(model.DeleteRows(before));
+    EXPECT_FALSE(model.IsModified());
+    EXPECT_EQ(model.RowCount(), 3);
+}
+
+TEST_F(CsvEdits, FindARowAgainByItsNumberInTheFile) {
+    Load(L"# c\n\na\n# d\nb\nc\n", {.commentMode = CommentMode::Hide});
+    EXPECT_EQ(model.FileRow(0), 2);
+    EXPECT_EQ(model.FileRow(1), 4);
+    EXPECT_EQ(model.FileRow(3), -1);
+    EXPECT_EQ(model.FileRow(-1), -1);
+    EXPECT_EQ(model.RowAt(4), 1);
+    EXPECT_EQ(model.RowAt(3), 1);  // hidden: the next one
+    EXPECT_EQ(model.RowAt(0), 0);
+    EXPECT_EQ(model.RowAt(99), 3);
+    ASSERT_TRUE(model.InsertRowBelow(0));
+    EXPECT_EQ(model.FileRow(1), 3);
+    EXPECT_EQ(model.FileRow(2), 5);
+    EXPECT_EQ(model.RowAt(5), 2);
+}
+
+TEST_F(CsvEdits, FindARowAgainBelowCommentsHiddenAtTheTop) {
+    Load(L"# c\n\na,b\n1,2\n", {.commentMode = CommentMode::Auto});
+    EXPECT_EQ(model.FileRow(1), 3);
+    EXPECT_EQ(model.RowAt(3), 1);
+    EXPECT_EQ(model.RowAt(1), 0);
+    EXPECT_EQ(model.RowAt(4), 2);
+}
+
+TEST_F(CsvEdits, TakeNoRoomForTheEmptyCellsOfInsertedRows) {
+    Load(std::wstring(200'000, L',') + L"\n");
+    const test::AllocationLimit limit(size_t{1} << 20);
+    for (int row = 0; row < 1000; ++row) {
+        ASSERT_TRUE(model.InsertRowBelow(0));
+    }
+    model.SetCellText(1, 150'000, L"x");
+    EXPECT_EQ(model.CellText(1, 150'000), L"x");
+    EXPECT_EQ(model.CellText(1, 149'999), L"");
+}
+
+TEST_F(CsvEdits, WriteWhatLooksLikeACommentAsItStands) {
+    Load(L"a,b\n1,2\n");
+    model.SetCellText(1, 0, L"#x");
+    ASSERT_TRUE(model.InsertRowBelow(0));
+    model.SetCellText(1, 0, L";y");
+    EXPECT_EQ(Saved(), L"a,b\n;y,\n#x,2\n");
+    Load(Saved());
+    EXPECT_EQ(model.CellText(2, 0), L"#x");
+    EXPECT_TRUE(model.IsCommentRow(2));
 }
 
 TEST_F(CsvEdits, MayDeleteEveryRow) {
