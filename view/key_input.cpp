@@ -29,7 +29,8 @@ bool Viewer::PassKeyToHost(WPARAM key) {
         .msSinceCreation = now - std::min(now, createdAt_),
         .focusInside = HasFocusInside(),
         .focusInFilterBox = filters_.ColumnOf(GetFocus()) >= 0,
-        .ctrl = IsCommandKeyDown(),
+        .ctrl = IsKeyDown(VK_CONTROL),
+        .ctrlCommand = IsCommandKeyDown(),
         // Each look-up asks for the stamps of two files: only where it counts.
         .disableNumKeys = key >= '1' && key <= '8' && settings::IsOn(settings::kDisableNumKeys),
         .disableNpKeys = (key == 'N' || key == 'P') && settings::IsOn(settings::kDisableNpKeys),
@@ -91,6 +92,9 @@ Answer Viewer::OnGridMessage(const Message& in) {
 Answer Viewer::OnPartKey(const Message& in, KeyFocus focus) {
     if (in.id == WM_CHAR && swallowCharacters_) {
         return 0;  // of a key that was used: it must not start a search in the list
+    }
+    if (in.id == WM_SYSKEYDOWN) {
+        swallowCharacters_ = false;  // Alt and digits of the numeric pad type a character too
     }
     if (in.id != WM_KEYDOWN) {
         return std::nullopt;

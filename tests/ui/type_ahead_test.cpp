@@ -45,6 +45,38 @@ TEST_F(TypeAhead, BeginsAnewAfterASecond) {
     EXPECT_EQ(At(), L" 4:1");
 }
 
+TEST_F(TypeAhead, BeginsAnewAfterASort) {
+    TheFakes().clockStopped = true;
+    Type(L"b");
+    ASSERT_EQ(At(), L" 2:1");
+    Click(viewer_.Header(), viewer_.HeaderCenter(1));
+    const std::wstring before = At();
+
+    Type(L"l");  // "bl" would lead to another row
+
+    EXPECT_EQ(At(), before);
+}
+
+TEST_F(TypeAhead, BeginsAnewAfterAFilter) {
+    TheFakes().clockStopped = true;
+    Type(L"b");
+    ASSERT_EQ(At(), L" 2:1");
+    SendMessageW(GetDlgItem(viewer_.Window(), 2001), WM_CHAR, L'e', 1);
+    ASSERT_EQ(At(), L"");
+
+    Type(L"l");
+
+    EXPECT_EQ(At(), L"");
+}
+
+TEST_F(TypeAhead, TakesACharacterOfTheNumericPadAfterAKeyThatWasUsed) {
+    Key('C');
+    SendMessageW(viewer_.Grid(), WM_SYSKEYDOWN, VK_MENU, 1);
+    SendMessageW(viewer_.Grid(), WM_CHAR, L'e', 1);
+
+    EXPECT_EQ(At(), L" 4:1");
+}
+
 TEST_F(TypeAhead, WrapsAroundAtTheEnd) {
     Type(L"a");
     EXPECT_EQ(At(), L" 5:1");

@@ -6,6 +6,8 @@
 namespace rl {
 namespace {
 
+// AltGr arrives as Ctrl and Alt together and types a character: that is neither a command nor the
+// plain key.
 enum class CtrlRule { Either, Needed, Refused };
 
 struct HostKey {
@@ -40,8 +42,12 @@ constexpr HostKey kHostKeys[] = {
     {key::Of('Q'), key::Of('Q'), CtrlRule::Either, false, QKey},
 };
 
-bool CtrlFits(CtrlRule rule, bool ctrl) {
-    return rule == CtrlRule::Either || (rule == CtrlRule::Needed) == ctrl;
+bool CtrlFits(CtrlRule rule, const HostKeyState& state) {
+    switch (rule) {
+        case CtrlRule::Needed: return state.ctrlCommand;
+        case CtrlRule::Refused: return !state.ctrl;
+        default: return true;
+    }
 }
 
 }  // namespace
@@ -51,7 +57,7 @@ bool IsHostKey(VirtualKey key, const HostKeyState& state) {
         return false;
     }
     return std::any_of(std::begin(kHostKeys), std::end(kHostKeys), [&](const HostKey& row) {
-        return key >= row.first && key <= row.last && CtrlFits(row.ctrl, state.ctrl) &&
+        return key >= row.first && key <= row.last && CtrlFits(row.ctrl, state) &&
                (row.fromFilterBox || !state.focusInFilterBox) && row.allowed(state);
     });
 }

@@ -19,7 +19,8 @@ struct HostKeyState {
     uint64_t msSinceCreation = 0;
     bool focusInside = false;  // the focus is the viewer or one of its children
     bool focusInFilterBox = false;
-    bool ctrl = false;
+    bool ctrl = false;            // held down, be it as half of AltGr
+    bool ctrlCommand = false;     // held down without Alt
     bool disableNumKeys = false;  // the settings of the same names
     bool disableNpKeys = false;
     bool exitByQ = false;

@@ -4,7 +4,9 @@
 
 #include <shellapi.h>
 
+#include <cstdlib>
 #include <memory>
+#include <utility>
 
 #include "tools/common/import_patch.h"
 
@@ -41,6 +43,9 @@ std::vector<std::wstring> LabelsOf(HMENU menu) {
 
 BOOL WINAPI FakeMenu(HMENU menu, UINT, int x, int y, int, HWND, const RECT*) {
     current->menus.push_back({LabelsOf(menu), {x, y}});
+    if (current->whileMenuIsOpen) {
+        current->whileMenuIsOpen();
+    }
     return current->menuAnswer;
 }
 
@@ -82,6 +87,31 @@ BOOL WINAPI FakeSize(HANDLE file, PLARGE_INTEGER size) {
     return current->sizeFails ? FALSE : GetFileSizeEx(file, size);
 }
 
+UINT_PTR WINAPI FakeSetTimer(HWND window, UINT_PTR id, UINT elapse, TIMERPROC procedure) {
+    current->timers.push_back({id, elapse});
+    return current->timersStandStill ? id : SetTimer(window, id, elapse, procedure);
+}
+
+HDWP WINAPI FakeDefer(HDWP batch, HWND window, HWND after, int x, int y, int width, int height,
+                      UINT flags) {
+    const bool isFilterBox = GetDlgCtrlID(window) >= 2000;
+    return isFilterBox && current->filterBatchFails
+               ? nullptr
+               : DeferWindowPos(batch, window, after, x, y, width, height, flags);
+}
+
+// Memory that runs out at one moment: texts are measured in the middle of showing a table.
+bool nextAllocationFails = false;
+
+BOOL WINAPI FakeMeasure(HDC dc, LPCWSTR text, int length, LPSIZE size) {
+    nextAllocationFails |= std::exchange(current->memoryFailsAfterMeasuring, false);
+    return GetTextExtentPoint32W(dc, text, length, size);
+}
+
+void* FakeMalloc(size_t size) {
+    return std::exchange(nextAllocationFails, false) ? nullptr : std::malloc(size);
+}
+
 HRESULT WINAPI FakeStyle(HWND window, LPCWSTR style, LPCWSTR) {
     current->styles.push_back({GetDlgCtrlID(window), style});
     return S_OK;
@@ -105,6 +135,10 @@ void InstallFakes(HMODULE module) {
     tools::PatchImport(module, "ReadFile", &FakeRead);
     tools::PatchImport(module, "GetFileSizeEx", &FakeSize);
     tools::PatchImport(module, "SetWindowTheme", &FakeStyle);
+    tools::PatchImport(module, "SetTimer", &FakeSetTimer);
+    tools::PatchImport(module, "DeferWindowPos", &FakeDefer);
+    tools::PatchImport(module, "GetTextExtentPoint32W", &FakeMeasure);
+    tools::PatchImport(module, "malloc", &FakeMalloc);
 }
 
 }  // namespace rl::test

@@ -31,6 +31,11 @@ struct StyledWindow {
     std::wstring style;
 };
 
+struct StartedTimer {
+    UINT_PTR id = 0;
+    UINT elapse = 0;  // milliseconds
+};
+
 struct Fakes {
     std::vector<UINT> beeps;
     std::vector<ShownBox> boxes;
@@ -38,15 +43,20 @@ struct Fakes {
     std::function<void()> whileBoxIsOpen;  // runs inside the box, as the user might act elsewhere
     std::vector<ShownMenu> menus;
     int menuAnswer = 0;  // the command chosen; 0 for none
+    std::function<void()> whileMenuIsOpen;
     std::vector<std::wstring> links;
-    std::vector<HCURSOR> cursors;        // every SetCursor
-    std::vector<StyledWindow> styles;    // every SetWindowTheme
-    UINT dpi = 0;                        // 0: the system's own answer
-    ULONGLONG clockOffset = 0;           // added to GetTickCount64, milliseconds
-    bool clockStopped = false;           // it stands at 1,000,000 then, plus the offset
-    std::atomic<int> readDelay{0};       // before each ReadFile, milliseconds
-    std::atomic<bool> readFails{false};  // every ReadFile
-    std::atomic<bool> sizeFails{false};  // every GetFileSizeEx
+    std::vector<HCURSOR> cursors;            // every SetCursor
+    std::vector<StyledWindow> styles;        // every SetWindowTheme
+    bool timersStandStill = false;           // SetTimer and KillTimer are only noted
+    std::vector<StartedTimer> timers;        // every SetTimer
+    bool filterBatchFails = false;           // DeferWindowPos of a filter box
+    bool memoryFailsAfterMeasuring = false;  // the first malloc after a text was measured
+    UINT dpi = 0;                            // 0: the system's own answer
+    ULONGLONG clockOffset = 0;               // added to GetTickCount64, milliseconds
+    bool clockStopped = false;               // it stands at 1,000,000 then, plus the offset
+    std::atomic<int> readDelay{0};           // before each ReadFile, milliseconds
+    std::atomic<bool> readFails{false};      // every ReadFile
+    std::atomic<bool> sizeFails{false};      // every GetFileSizeEx
     std::atomic<int> readsUntilEnd{-1};  // ReadFile answers the end of the file when 0 is reached
     std::atomic<int> reads{0};           // how often ReadFile was called
 };

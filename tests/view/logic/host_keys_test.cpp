@@ -15,6 +15,12 @@ HostKeyState InFilterBox() {
 
 HostKeyState WithCtrl() {
     HostKeyState state = kReady;
+    state.ctrl = state.ctrlCommand = true;
+    return state;
+}
+
+HostKeyState WithAltGr() {
+    HostKeyState state = kReady;
     state.ctrl = true;
     return state;
 }
@@ -46,7 +52,7 @@ TEST(IsHostKey, HandsOverFindNextAndFindButNotFromAFilterBox) {
     EXPECT_TRUE(IsHostKey(key::Of('F'), WithCtrl()));
     EXPECT_FALSE(IsHostKey(key::Of('F'), kReady));
     HostKeyState box = InFilterBox();
-    box.ctrl = true;
+    box.ctrl = box.ctrlCommand = true;
     EXPECT_FALSE(IsHostKey(key::Of('F'), box));
 }
 
@@ -58,6 +64,11 @@ TEST(IsHostKey, HandsOverOneToEightButNeverNine) {
     }
     EXPECT_FALSE(IsHostKey(key::Of('9'), kReady));
     EXPECT_FALSE(IsHostKey(key::Of('0'), kReady));
+}
+
+TEST(IsHostKey, KeepsWhatAltGrTypes) {
+    EXPECT_FALSE(IsHostKey(key::Of('7'), WithAltGr()));
+    EXPECT_FALSE(IsHostKey(key::Of('F'), WithAltGr()));
 }
 
 TEST(IsHostKey, KeepsTheDigitsWhenSetSo) {
