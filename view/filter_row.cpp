@@ -1,6 +1,7 @@
 #include "view/filter_row.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #include "view/control.h"
@@ -25,6 +26,35 @@ UINT DrawAlign(FilterAlign align) {
         case FilterAlign::Left: return DT_LEFT;
         case FilterAlign::Right: return DT_RIGHT;
         default: return DT_CENTER;
+    }
+}
+
+struct BoxMove {
+    HWND box;
+    Rect place;  // empty: hidden
+
+    [[nodiscard]] UINT Flags() const {
+        return SWP_NOZORDER | SWP_NOACTIVATE | (place.IsEmpty() ? SWP_HIDEWINDOW : SWP_SHOWWINDOW);
+    }
+};
+
+/// False when the system has no room for so many; then none has moved.
+bool MoveAtOnce(std::span<const BoxMove> moves) {
+    HDWP batch = BeginDeferWindowPos(static_cast<int>(moves.size()));
+    for (const BoxMove& move : moves) {
+        if (batch == nullptr) {
+            return false;
+        }
+        batch = DeferWindowPos(batch, move.box, nullptr, move.place.left, move.place.top,
+                               move.place.width, move.place.height, move.Flags());
+    }
+    return batch != nullptr && EndDeferWindowPos(batch);
+}
+
+void MoveOneByOne(std::span<const BoxMove> moves) {
+    for (const BoxMove& move : moves) {
+        SetWindowPos(move.box, nullptr, move.place.left, move.place.top, move.place.width,
+                     move.place.height, move.Flags());
     }
 }
 
@@ -116,24 +146,18 @@ void FilterRow::Layout(const Grid& grid, const Rect& row) {
         places.resize(slots_.size());
     }
     UpdateLazyBoxes(places);
-    HDWP batch = nullptr;
+    std::vector<BoxMove> moves;
+    moves.reserve(slots_.size());
     for (size_t i = 0; i < slots_.size(); ++i) {
         Slot& slot = slots_[i];
         const Rect place = places[i].IsEmpty() ? Rect{} : places[i];
-        if (slot.box == nullptr || slot.place == place) {
-            continue;
+        if (slot.box != nullptr && slot.place != place) {
+            moves.push_back({slot.box, place});
+            slot.place = place;
         }
-        batch = batch == nullptr ? BeginDeferWindowPos(static_cast<int>(slots_.size())) : batch;
-        if (batch == nullptr) {
-            return;
-        }
-        slot.place = place;
-        const UINT show = place.IsEmpty() ? SWP_HIDEWINDOW : SWP_SHOWWINDOW;
-        batch = DeferWindowPos(batch, slot.box, nullptr, place.left, place.top, place.width,
-                               place.height, SWP_NOZORDER | SWP_NOACTIVATE | show);
     }
-    if (batch != nullptr) {
-        EndDeferWindowPos(batch);
+    if (!moves.empty() && !MoveAtOnce(moves)) {
+        MoveOneByOne(moves);
     }
 }
 
