@@ -54,16 +54,22 @@ void Viewer::OnCopyCell(Command) {
     SetClipboardText(window_, grid_.CellText(cell.viewRow, cell.gridColumn));
 }
 
+// Where there is nothing to copy, the clipboard keeps what it has.
 void Viewer::OnCopyRows(Command) {
     const std::wstring separator = ValueSeparator(settings::Get(settings::kColumnDelimiter));
-    SetClipboardText(window_,
-                     RowsAsText(*document_.rows, grid_.Columns(), grid_.SelectedRows(), separator));
+    const std::vector<int> rows = RowsToCopy(grid_.SelectedRows(), grid_.Current().viewRow,
+                                             grid_.FocusedRow(), grid_.RowCount());
+    if (!rows.empty()) {
+        SetClipboardText(window_, RowsAsText(*document_.rows, grid_.Columns(), rows, separator));
+    }
 }
 
 void Viewer::OnCopyColumn(Command) {
     const std::wstring separator = ValueSeparator(settings::Get(settings::kColumnDelimiter));
     const int column = grid_.DataColumn(grid_.Current().gridColumn);
-    SetClipboardText(window_, ColumnAsText(*document_.rows, column, separator));
+    if (column >= 0) {
+        SetClipboardText(window_, ColumnAsText(*document_.rows, column, separator));
+    }
 }
 
 void Viewer::CopyByKey(bool ctrl, bool shift) {
@@ -94,17 +100,19 @@ void Viewer::OnToggleHeaderRow(Command) {
     if (document_.csv == nullptr) {
         return;  // only delimited text may have one or not
     }
-    settings_.headerRow = !settings_.headerRow;
+    std::unique_ptr<RowView> rows = MakeRows(*document_.csv, !settings_.headerRow);
+    ShowInstead(RememberPlace(), [&] {
+        std::swap(document_.rows, rows);
+        settings_.headerRow = !settings_.headerRow;
+    });
     settings::Set(settings::kHeaderRow, settings_.headerRow ? 1 : 0);
-    ReplaceRows(MakeRows(*document_.csv, settings_.headerRow));
 }
 
 // The rows stay as they are filtered and sorted; only columns are numbered anew.
 void Viewer::OnToggleLineNumbers(Command) {
-    const UserPlace place = RememberPlace();
-    settings_.lineNumbers = !settings_.lineNumbers;
+    ApplyPendingFilter();
+    ShowInstead(RememberPlace(), [&] { settings_.lineNumbers = !settings_.lineNumbers; });
     settings::Set(settings::kShowLineNumbers, settings_.lineNumbers ? 1 : 0);
-    ShowRows(place);
 }
 
 void Viewer::OnToggleValuePane(Command) {
@@ -117,15 +125,17 @@ void Viewer::OnToggleEdit(Command) {
 }
 
 void Viewer::ChooseTheme(int index) {
-    settings::Set(settings::kTheme, BuiltInThemes()[static_cast<size_t>(index)].name);
-    LoadTheme();
+    const Theme& theme = BuiltInThemes()[static_cast<size_t>(index)];
+    LoadTheme(theme);
     ApplyTheme();
+    settings::Set(settings::kTheme,
+                  theme.name);  // which may fail: the theme is on view all the same
 }
 
 // The dialog pumps messages: the host may close the viewer from inside it.
 void Viewer::OnChooseFont(Command command) {
     const FontRole role = command == Command::ChooseSourceFont ? FontRole::Source : FontRole::Grid;
-    const std::optional<PickedFont> picked = PickFont(window_, role, settings_.font, dpi_);
+    const std::optional<PickedFont> picked = PickFont(window_, role, settings_.font);
     if (!picked || IsGone()) {
         return;
     }

@@ -7,14 +7,22 @@
 #include <algorithm>
 
 #include "view/logic/geometry.h"
+#include "view/paint_scope.h"
 
 namespace rl {
 
 namespace {
 
-LOGFONTW DescribeFont(FontRole role, const FontChoice& current, int dpi) {
+// The dialog reckons heights by the screen, whatever the dpi of its owner.
+int ScreenDpi() {
+    const WindowDc screen(nullptr);
+    const int dpi = GetDeviceCaps(screen.Get(), LOGPIXELSY);
+    return dpi > 0 ? dpi : kBaseDpi;
+}
+
+LOGFONTW DescribeFont(FontRole role, const FontChoice& current) {
     LOGFONTW font{};
-    font.lfHeight = FontHeight(current.points, dpi);
+    font.lfHeight = FontHeight(current.points, ScreenDpi());
     font.lfCharSet = DEFAULT_CHARSET;
     font.lfWeight = role == FontRole::Grid ? current.weight : 0;
     const std::wstring& face = role == FontRole::Grid ? current.face : current.sourceFace;
@@ -30,8 +38,8 @@ int WeightSetting(LONG weight) {
 
 }  // namespace
 
-std::optional<PickedFont> PickFont(HWND owner, FontRole role, const FontChoice& current, int dpi) {
-    LOGFONTW font = DescribeFont(role, current, dpi);
+std::optional<PickedFont> PickFont(HWND owner, FontRole role, const FontChoice& current) {
+    LOGFONTW font = DescribeFont(role, current);
     CHOOSEFONTW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;

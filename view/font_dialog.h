@@ -21,6 +21,6 @@ struct PickedFont {
 /// Lets the user pick a font, beginning with the one in use; nothing when cancelled. Pumps messages
 /// meanwhile.
 [[nodiscard]] std::optional<PickedFont> PickFont(HWND owner, FontRole role,
-                                                 const FontChoice& current, int dpi);
+                                                 const FontChoice& current);
 
 }  // namespace rl

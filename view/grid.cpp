@@ -263,8 +263,8 @@ bool Grid::IsHidden(int dataColumn) const {
     return columns_.IsHidden(dataColumn);
 }
 
-void Grid::ForgetHiddenColumns() {
-    columns_.ShowAll();
+void Grid::RestoreColumns(GridColumns columns) noexcept {
+    columns_ = std::move(columns);
 }
 
 void Grid::SetSortMark(int gridColumn, int direction) {

@@ -139,13 +139,15 @@ public:
     [[nodiscard]] std::vector<int> ColumnEdges() const;
     /// The selected view rows, in order.
     [[nodiscard]] std::vector<int> SelectedRows() const;
+    /// The row that the list view's focus is on, or -1.
+    [[nodiscard]] int FocusedRow() const { return NextItem(-1, LVNI_FOCUSED); }
 
     /// Hides a data column; ignored for the line numbers.
     void HideColumn(int gridColumn);
     void ShowAllColumns();
     [[nodiscard]] bool IsHidden(int dataColumn) const;
-    /// Forgets what is hidden without measuring: before a table of other columns is shown.
-    void ForgetHiddenColumns();
+    /// What Columns() was before another table was shown: before that of then is shown again.
+    void RestoreColumns(GridColumns columns) noexcept;
 
     /// The mark beside a header text: 1 up, -1 down; any other direction takes the mark away.
     void SetSortMark(int gridColumn, int direction);

@@ -8,8 +8,7 @@
 
 namespace rl {
 
-void Viewer::LoadTheme() {
-    const Theme& theme = settings::CurrentTheme();
+void Viewer::LoadTheme(const Theme& theme) {
     const auto themes = BuiltInThemes();
     themeIndex_ =
         static_cast<int>(std::ranges::find(themes, theme.name, &Theme::name) - themes.begin());

@@ -12,6 +12,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -84,6 +85,7 @@ private:
     struct UserPlace {
         int modelRow = -1;
         int dataColumn = -1;
+        bool onLineNumbers = false;
         int topModelRow = -1;
     };
 
@@ -137,6 +139,7 @@ private:
     [[nodiscard]] std::unique_ptr<RowView> MakeRows(const ITableModel& model, bool header) const;
     void MakeContent(Document& document) const;
     void ShowRows(const UserPlace& place);
+    void ShowInstead(const UserPlace& place, const std::function<void()>& exchange);
     void ReplaceRows(std::unique_ptr<RowView> rows);
     [[nodiscard]] LoadOptions CurrentLoadOptions() const;
     bool Reload(const LoadOptions& options);
@@ -181,7 +184,7 @@ private:
     void SetValuePaneShown(bool shown);
 
     // theme_apply.cpp
-    void LoadTheme();
+    void LoadTheme(const Theme& theme);
     void ApplyTheme();
     void RebuildFonts();
     void SetFontSize(int points);

@@ -5,6 +5,7 @@
 #include <uxtheme.h>
 
 #include "host/lister_api.h"
+#include "host/store/settings.h"
 #include "load/load_options.h"
 #include "view/control.h"
 #include "view/paint_scope.h"
@@ -123,7 +124,7 @@ bool Viewer::CreateControls() {
     filters_.Attach(window_, *this);
     RebuildFonts();
     SetWindowTheme(grid_.Header(), L"", L"");
-    LoadTheme();
+    LoadTheme(settings::CurrentTheme());
     if (!status_.Create(window_)) {
         return false;
     }
@@ -136,7 +137,8 @@ bool Viewer::CreateControls() {
 // Every child's messages pass here first. That keeps the viewer's object, and with it the child's
 // own part of it, alive for as long as any of its messages is being worked on.
 void Viewer::WatchChildren() {
-    for (HWND child : {grid_.Window(), tabs_.Window(), pane_.Window(), source_.Window()}) {
+    for (HWND child :
+         {grid_.Window(), tabs_.Window(), pane_.Window(), source_.Window(), status_.Window()}) {
         const auto ask = [this](HWND window, const Message& in) -> Answer {
             const std::shared_ptr<Viewer> alive = weak_from_this().lock();
             if (alive == nullptr) {

@@ -51,6 +51,7 @@ Viewer::UserPlace Viewer::RememberPlace() const {
     const GridCell cell = grid_.Current();
     return {.modelRow = document_.rows->ModelRow(cell.viewRow),
             .dataColumn = grid_.DataColumn(cell.gridColumn),
+            .onLineNumbers = grid_.Columns().IsLineNumber(cell.gridColumn),
             .topModelRow = document_.rows->ModelRow(
                 static_cast<int>(SendMessageW(grid_.Window(), LVM_GETTOPINDEX, 0, 0)))};
 }
@@ -63,8 +64,9 @@ void Viewer::ReturnTo(const UserPlace& place) {
                      FALSE);
         SendMessageW(grid_.Window(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(top), FALSE);
     }
-    const GridCell cell{.viewRow = document_.rows->ViewRowOf(place.modelRow),
-                        .gridColumn = grid_.GridColumnOf(place.dataColumn)};
+    const GridCell cell{
+        .viewRow = document_.rows->ViewRowOf(place.modelRow),
+        .gridColumn = place.onLineNumbers ? 0 : grid_.GridColumnOf(place.dataColumn)};
     if (cell.viewRow >= 0) {
         grid_.GoTo(cell);
     } else {
@@ -92,14 +94,8 @@ void Viewer::MakeContent(Document& document) const {
     document.rows = MakeRows(*document.outline, false);
 }
 
-// The grid lets go of the old rows before they go.
 void Viewer::ShowRows(const UserPlace& place) {
-    try {
-        grid_.ShowTable(document_.rows.get(), GridStyle());
-    } catch (const std::exception&) {
-        grid_.ShowTable(nullptr, {});  // the rows before are about to go
-        throw;
-    }
+    grid_.ShowTable(document_.rows.get(), GridStyle());
     grid_.SetSortMark(grid_.GridColumnOf(document_.rows->SortColumn()),
                       document_.rows->SortDirection());
     RebuildFilterRow();
@@ -109,11 +105,24 @@ void Viewer::ShowRows(const UserPlace& place) {
     UpdateStatusBar();
 }
 
-void Viewer::ReplaceRows(std::unique_ptr<RowView> rows) {
+// What `exchange` takes away stays with the caller, so that a second call brings it back.
+void Viewer::ShowInstead(const UserPlace& place, const std::function<void()>& exchange) {
     const RedrawScope still(window_);
-    const UserPlace place = RememberPlace();
-    std::swap(document_.rows, rows);
-    ShowRows(place);
+    const UserPlace before = RememberPlace();
+    GridColumns columns = grid_.Columns();
+    exchange();
+    try {
+        ShowRows(place);
+    } catch (const std::exception&) {  // no memory: what was on view is there again, then
+        exchange();
+        grid_.RestoreColumns(std::move(columns));
+        ShowRows(before);
+        throw;
+    }
+}
+
+void Viewer::ReplaceRows(std::unique_ptr<RowView> rows) {
+    ShowInstead(RememberPlace(), [&] { std::swap(document_.rows, rows); });
 }
 
 LoadOptions Viewer::CurrentLoadOptions() const {
@@ -141,7 +150,6 @@ bool Viewer::Reload(const LoadOptions& options) {
     Document fresh = DocumentOf(*job.doc, options.delimiterDetected);
     MakeContent(fresh);
 
-    const RedrawScope still(window_);
     UserPlace place = RememberPlace();
     // Rows are counted without hidden comment lines. In another encoding their places differ, but
     // then their numbers do not.
@@ -149,9 +157,8 @@ bool Viewer::Reload(const LoadOptions& options) {
         place.modelRow = SameRow(*document_.csv, place.modelRow, *fresh.csv);
         place.topModelRow = SameRow(*document_.csv, place.topModelRow, *fresh.csv);
     }
-    std::swap(document_, fresh);
+    ShowInstead(place, [&] { std::swap(document_, fresh); });
     finder_.Reset();
-    ShowRows(place);
     return true;
 }
 

@@ -95,6 +95,24 @@ TEST(ContextMenu, OpensOnceForARightClickOnAHeader) {
     EXPECT_GT(viewer.Width(0), 0);
 }
 
+TEST(ContextMenu, MayBeOpenWhenTheViewerGoes) {
+    for (const bool fromHeader : {false, true}) {
+        UiHost host;
+        const Viewer viewer = host.OpenText(kTable);
+        TheFakes().menuAnswer = 5004;
+        TheFakes().whileMenuIsOpen = [&] { host.Close(viewer); };
+
+        if (fromHeader) {
+            RightClick(viewer.Header(), viewer.HeaderCenter(1));
+        } else {
+            RightClick(viewer.Grid(), viewer.CellCenter(1, 1));
+        }
+
+        EXPECT_EQ(TheFakes().menus.size(), 1u);
+        EXPECT_FALSE(IsWindow(viewer.Window()));
+    }
+}
+
 TEST(ContextMenu, OffersChangesOnlyInEditMode) {
     UiHost host;
     const Viewer viewer = host.OpenText(kTable);
@@ -185,6 +203,26 @@ TEST(Commands, NumberTheLinesAndKeepTheUsersPlace) {
     EXPECT_EQ(viewer.Row(1), (Texts{L"2", L"Bob", L"9", L"Ulm"}));
     EXPECT_EQ(viewer.Status(4), L" 2:4");
     EXPECT_EQ(host.IniValue(L"show-line-numbers"), L"1");
+}
+
+TEST(Commands, ApplyAWaitingFilterBeforeTheLinesAreNumbered) {
+    std::string rows = "a,b\n";
+    for (int i = 0; i < 250'000; ++i) {
+        rows += std::to_string(i) + ",x\n";
+    }
+    UiHost host;
+    const Viewer viewer = host.OpenText(rows);
+    TheFakes().timersStandStill = true;
+    for (const wchar_t unit : std::wstring_view(L"=777")) {
+        SendMessageW(GetDlgItem(viewer.Window(), 2000), WM_CHAR, unit, 1);
+    }
+    ASSERT_EQ(viewer.RowCount(), 250'000);
+
+    Choose(viewer, 5006);
+
+    EXPECT_EQ(viewer.RowCount(), 1);
+    EXPECT_EQ(viewer.Row(0), (Texts{L"1", L"777", L"x"}));
+    EXPECT_EQ(TextOf(GetDlgItem(viewer.Window(), 2001)), L"=777");
 }
 
 TEST(Commands, HideTheCurrentColumnAndShowAllAgain) {

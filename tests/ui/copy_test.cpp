@@ -30,6 +30,13 @@ void AltClick(const UiHost& host, const Viewer& viewer, POINT at) {
     RemoveWindowSubclass(host.Frame(), &WithoutKeyMenu, 1);
 }
 
+void SelectNone(const Viewer& viewer) {
+    LVITEMW state{};
+    state.stateMask = LVIS_SELECTED;
+    SendMessageW(viewer.Grid(), LVM_SETITEMSTATE, static_cast<WPARAM>(-1),
+                 reinterpret_cast<LPARAM>(&state));
+}
+
 TEST(Copy, TakesTheCurrentCellWithC) {
     UiHost host;
     const Viewer viewer = host.OpenText(kTable);
@@ -40,6 +47,16 @@ TEST(Copy, TakesTheCurrentCellWithC) {
     EXPECT_EQ(ClipboardText(), L"Bonn, Rhein");
 }
 
+TEST(Copy, TakesTheCurrentCellFromTheMenu) {
+    UiHost host;
+    const Viewer viewer = host.OpenText(kTable);
+    Click(viewer.Grid(), viewer.CellCenter(1, 0));
+
+    Choose(viewer, 5000);
+
+    EXPECT_EQ(ClipboardText(), L"Bob");
+}
+
 TEST(Copy, TakesAnEmptyTextWithoutACurrentCell) {
     UiHost host;
     const Viewer viewer = host.OpenText(kTable);
@@ -47,6 +64,65 @@ TEST(Copy, TakesAnEmptyTextWithoutACurrentCell) {
     Choose(viewer, 5000);
 
     EXPECT_EQ(ClipboardText(), L"");
+}
+
+TEST(Copy, TakesAnEmptyTextWithCToo) {
+    UiHost host;
+    const Viewer viewer = host.OpenText(kTable);
+    ASSERT_EQ(viewer.Status(4), L"");
+
+    Key('C');
+
+    EXPECT_EQ(ClipboardText(), L"");
+}
+
+TEST(Copy, TakesTheCurrentRowWhenNoneIsSelected) {
+    UiHost host;
+    const Viewer viewer = host.OpenText(kTable);
+    Click(viewer.Grid(), viewer.CellCenter(1, 0));
+    SelectNone(viewer);
+
+    Key('C', {VK_SHIFT});
+
+    EXPECT_EQ(ClipboardText(), L"Bob\t9\tUlm");
+}
+
+TEST(Copy, LeavesTheClipboardWithoutAnyRow) {
+    UiHost host;
+    const Viewer viewer = host.OpenText("name,age\nAnna,31\n");
+    Click(viewer.Grid(), viewer.CellCenter(0, 0));
+    Key('C');
+    ASSERT_EQ(ClipboardText(), L"Anna");
+    SetFocus(GetDlgItem(viewer.Window(), 2000));
+    SendMessageW(GetDlgItem(viewer.Window(), 2000), WM_CHAR, L'x', 1);
+    ASSERT_EQ(viewer.RowCount(), 0);
+
+    Choose(viewer, 5001);
+
+    EXPECT_EQ(ClipboardText(), L"Anna");
+}
+
+TEST(Copy, LeavesTheClipboardForTheColumnOfTheLineNumbers) {
+    UiHost host({.ini = "show-line-numbers=1\n"});
+    const Viewer viewer = host.OpenText(kTable);
+    Click(viewer.Grid(), viewer.CellCenter(0, 1));
+    Key('C');
+    ASSERT_EQ(ClipboardText(), L"Anna");
+    Click(viewer.Grid(), viewer.CellCenter(0, 0));
+
+    Key('C', {VK_CONTROL});
+
+    EXPECT_EQ(ClipboardText(), L"Anna");
+}
+
+TEST(Copy, TakesTheColumnFromTheMenu) {
+    UiHost host;
+    const Viewer viewer = host.OpenText(kTable);
+    Click(viewer.Grid(), viewer.CellCenter(0, 0));
+
+    Choose(viewer, 5002);
+
+    EXPECT_EQ(ClipboardText(), L"Anna\tBob\tCarl");
 }
 
 TEST(Copy, TakesTheSelectedRowsWithShiftC) {

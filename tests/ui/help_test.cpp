@@ -5,6 +5,9 @@
 // Needs the types of windows.h.
 #include <commdlg.h>
 
+#include <functional>
+
+#include "tests/ui/support/fakes.h"
 #include "tests/ui/support/input.h"
 #include "tests/ui/support/menus.h"
 #include "tests/ui/support/pump.h"
@@ -73,15 +76,20 @@ struct FontRequest {
 FontRequest request;
 LOGFONTW answer;
 INT answerPoints = 0;
+std::function<void()> whileDialogIsOpen;
 
 BOOL WINAPI AnswerFont(LPCHOOSEFONTW dialog) {
     request = {dialog->Flags, *dialog->lpLogFont};
+    if (whileDialogIsOpen) {
+        whileDialogIsOpen();
+    }
     *dialog->lpLogFont = answer;
     dialog->iPointSize = answerPoints;
     return answerPoints != 0;
 }
 
 void WillPick(const UiHost& host, const wchar_t* face, LONG weight, INT tenthsOfPoints) {
+    whileDialogIsOpen = {};
     answer = {};
     answer.lfWeight = weight;
     lstrcpynW(answer.lfFaceName, face, LF_FACESIZE);
@@ -127,6 +135,73 @@ TEST(FontDialog, SetsTheSourceFontAndTheCommonSize) {
     EXPECT_EQ(request.font.lfFaceName, std::wstring(L"Consolas"));
     EXPECT_EQ(host.IniValue(L"source-font"), L"DejaVu Sans Mono");
     EXPECT_EQ(host.IniValue(L"font-size"), L"12");
+    EXPECT_EQ(host.IniValue(L"font"), L"?");
+}
+
+LOGFONTW FontOf(HWND window) {
+    LOGFONTW font{};
+    const auto handle = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
+    GetObjectW(handle, sizeof font, &font);
+    return font;
+}
+
+TEST(FontDialog, ChangesTheFontsAndWidthsOnView) {
+    UiHost host({.ini = "font-size=16\n"});
+    const Viewer viewer = host.OpenText(kTable);
+    const int width = viewer.Width(0);
+    const RECT before = viewer.CellRect(0, 1);
+    WillPick(host, L"DejaVu Sans Mono", 600, 300);
+
+    Choose(viewer, 5071);
+
+    const HWND box = GetDlgItem(viewer.Window(), 2000);
+    for (const HWND window : {viewer.Grid(), viewer.Pane(), box}) {
+        EXPECT_EQ(FontOf(window).lfFaceName, std::wstring(L"DejaVu Sans Mono"));
+        EXPECT_EQ(FontOf(window).lfHeight, -40);
+        EXPECT_EQ(FontOf(window).lfWeight, 600);
+    }
+    EXPECT_EQ(FontOf(viewer.Header()).lfWeight, 700);
+    EXPECT_GT(viewer.Width(0), width);
+    const RECT after = viewer.CellRect(0, 1);
+    EXPECT_GT(after.bottom - after.top, before.bottom - before.top);
+    EXPECT_EQ(viewer.Place(box).right - viewer.Place(box).left, viewer.Width(0));
+}
+
+TEST(FontDialog, OfTheSourceChangesTheSizeOfTheGridButNotItsFace) {
+    UiHost host({.ini = "font-size=16\n"});
+    const Viewer viewer = host.OpenText(kTable);
+    const int width = viewer.Width(0);
+    WillPick(host, L"DejaVu Sans Mono", 400, 300);
+
+    Choose(viewer, 5072);
+
+    EXPECT_EQ(FontOf(viewer.Grid()).lfFaceName, std::wstring(L"Segoe UI"));
+    EXPECT_EQ(FontOf(viewer.Grid()).lfHeight, -40);
+    EXPECT_GT(viewer.Width(0), width);
+}
+
+TEST(FontDialog, ReckonsByTheScreenWhateverTheDpiOfTheWindow) {
+    UiHost host({.ini = "font-size=16\n"});
+    TheFakes().dpi = 192;
+    const Viewer viewer = host.OpenText(kTable);
+    WillPick(host, L"Segoe UI", 400, 160);
+
+    Choose(viewer, 5071);
+
+    EXPECT_EQ(request.font.lfHeight, -21);  // 16 points at the screen's 96 dots per inch
+    EXPECT_EQ(host.IniValue(L"font-size"), L"16");
+    EXPECT_EQ(FontOf(viewer.Grid()).lfHeight, -43);
+}
+
+TEST(FontDialog, MayBeOpenWhenTheViewerGoes) {
+    UiHost host;
+    const Viewer viewer = host.OpenText(kTable);
+    WillPick(host, L"DejaVu Sans", 700, 200);
+    whileDialogIsOpen = [&] { host.Close(viewer); };
+
+    Choose(viewer, 5071);
+
+    EXPECT_FALSE(IsWindow(viewer.Window()));
     EXPECT_EQ(host.IniValue(L"font"), L"?");
 }
 

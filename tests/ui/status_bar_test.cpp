@@ -37,6 +37,13 @@ TEST(StatusBar, CountsEveryLineWithoutAHeader) {
     EXPECT_EQ(host.OpenText(Lines(10)).Status(3), L" Rows: 10/10");
 }
 
+TEST(StatusBar, NeverCountsBelowNone) {
+    UiHost host;
+
+    EXPECT_EQ(host.OpenText("", L"empty.csv").Status(3), L" Rows: 0/0");
+    EXPECT_EQ(host.OpenText("a,b\n", L"header.csv").Status(3), L" Rows: 0/0");
+}
+
 TEST(StatusBar, NamesTheTabDelimiter) {
     UiHost host;
 

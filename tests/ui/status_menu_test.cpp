@@ -66,8 +66,24 @@ TEST(StatusMenu, DoesNothingOnTheOtherParts) {
 
     ClickPart(viewer, 3);
     ClickPart(viewer, 4);
+    RightClick(viewer.StatusBar(), CenterOf(viewer.StatusPart(3)));
+    RightClick(viewer.StatusBar(), CenterOf(viewer.StatusPart(4)));
 
     EXPECT_TRUE(SeenMenus().empty());
+}
+
+TEST(StatusMenu, MayBeOpenWhenTheViewerGoes) {
+    for (const int answer : {0, 5020}) {
+        UiHost host;
+        const Viewer viewer = host.OpenText("a,b\n1,2\n");
+        TheFakes().menuAnswer = answer;
+        TheFakes().whileMenuIsOpen = [&] { host.Close(viewer); };
+
+        ClickPart(viewer, 1);
+
+        EXPECT_EQ(TheFakes().menus.size(), 1u);
+        EXPECT_FALSE(IsWindow(viewer.Window()));
+    }
 }
 
 TEST(Reload, SplitsAtTheChosenDelimiterAndRemembersIt) {

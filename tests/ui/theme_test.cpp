@@ -3,6 +3,7 @@
 
 #include "tests/ui/support/fakes.h"
 #include "tests/ui/support/input.h"
+#include "tests/ui/support/menus.h"
 #include "tests/ui/support/ui_host.h"
 
 namespace rl::test {
@@ -13,6 +14,8 @@ constexpr const char* kTable = "name,city\nAnn,Rome\nBob,Oslo\nCem,Bern\n";
 
 /// What a theme looks like where nothing is written.
 struct Look {
+    int command;
+    const wchar_t* name;
     const char* ini;
     COLORREF back;
     COLORREF back2;
@@ -23,11 +26,13 @@ struct Look {
 };
 
 constexpr Look kLooks[] = {
-    {"theme=Light\n", 16777215, 16381942, 15131360, 16244422, 10377728, 13924352},
-    {"theme=Paper\n", 15661309, 14872822, 13492457, 12244706, 1989260, 1469104},
-    {"theme=Dark\n", 1973790, 2499877, 3157293, 8542259, 7884582, 16761420},
-    {"theme=Midnight\n", 2758415, 3546902, 3877150, 15426341, 14175773, 16301368},
-    {"theme=Solarized Dark\n", 3549952, 4339207, 4339207, 7234602, 9858591, 35253},
+    {5100, L"Light", "theme=Light\n", 16777215, 16381942, 15131360, 16244422, 10377728, 13924352},
+    {5101, L"Paper", "theme=Paper\n", 15661309, 14872822, 13492457, 12244706, 1989260, 1469104},
+    {5102, L"Dark", "theme=Dark\n", 1973790, 2499877, 3157293, 8542259, 7884582, 16761420},
+    {5103, L"Midnight", "theme=Midnight\n", 2758415, 3546902, 3877150, 15426341, 14175773,
+     16301368},
+    {5104, L"Solarized Dark", "theme=Solarized Dark\n", 3549952, 4339207, 4339207, 7234602, 9858591,
+     35253},
 };
 
 /// A point of the cell right of its text.
@@ -85,6 +90,19 @@ TEST_P(Theme, ColoursTheValuePane) {
     EXPECT_EQ(Viewer::ColorAt(viewer_.Pane(), {300, 40}), GetParam().back2);
 }
 
+TEST_P(Theme, ComesFromTheMenuAtOnce) {
+    UiHost host({.ini = GetParam().command == 5100 ? "theme=Dark\n" : "theme=Light\n"});
+    const Viewer viewer = host.OpenText(kTable);
+    ASSERT_NE(CellColor(viewer, 0, 0), GetParam().back);
+
+    Choose(viewer, GetParam().command);
+
+    EXPECT_EQ(CellColor(viewer, 0, 0), GetParam().back);
+    EXPECT_EQ(CellColor(viewer, 1, 0), GetParam().back2);
+    EXPECT_EQ(Viewer::ColorAt(viewer.Pane(), {300, 40}), GetParam().back2);
+    EXPECT_EQ(host.IniValue(L"theme"), GetParam().name);
+}
+
 INSTANTIATE_TEST_SUITE_P(All, Theme, testing::ValuesIn(kLooks));
 
 TEST(Colours, OfLightThemesTakeTheLightKeyOnly) {
@@ -113,6 +131,18 @@ TEST(Colours, FindTheThemeInAnyLetterCase) {
     const Viewer viewer = host.OpenText(kTable);
 
     EXPECT_EQ(CellColor(viewer, 0, 0), 3549952u);
+}
+
+TEST(Colours, ComeFromTheMenuThoughTheSettingsCannotBeWritten) {
+    UiHost host({.ini = "theme=Light\n"});
+    const Viewer viewer = host.OpenText(kTable);
+    SetFileAttributesW(host.IniFile().c_str(), FILE_ATTRIBUTE_READONLY);
+
+    Choose(viewer, 5102);
+
+    EXPECT_EQ(CellColor(viewer, 0, 0), 1973790u);
+    EXPECT_EQ(host.IniValue(L"theme"), L"Light");
+    SetFileAttributesW(host.IniFile().c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
 TEST(Colours, OfTextCanBeSeen) {

@@ -12,6 +12,17 @@ CopyKind PlanCopyKey(bool ctrl, bool shift, bool copyColumn, int32_t selectedRow
     return copyColumn && selectedRows > 1 ? CopyKind::Rows : CopyKind::Cell;
 }
 
+std::vector<int32_t> RowsToCopy(std::vector<int32_t> selected, int32_t current, int32_t focused,
+                                int32_t rowCount) {
+    if (selected.empty()) {
+        const int32_t row = current >= 0 ? current : focused;
+        if (row >= 0 && row < rowCount) {
+            selected.push_back(row);
+        }
+    }
+    return selected;
+}
+
 std::wstring ValueSeparator(std::wstring_view setting) {
     return setting.empty() || setting == L"\\t" ? std::wstring(L"\t") : std::wstring(setting);
 }

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "view/logic/grid_columns.h"
 #include "view/logic/row_view.h"
@@ -19,6 +20,10 @@ enum class CopyKind { Cell, Rows, Column };
 /// `copyColumn` is the setting of that name: with it, and several rows selected, plain "C" copies
 /// rows.
 [[nodiscard]] CopyKind PlanCopyKey(bool ctrl, bool shift, bool copyColumn, int32_t selectedRows);
+
+/// The selected rows; without any the current one, or else the one that has the focus.
+[[nodiscard]] std::vector<int32_t> RowsToCopy(std::vector<int32_t> selected, int32_t current,
+                                              int32_t focused, int32_t rowCount);
 
 /// What stands between two values, from the `column-delimiter` setting: a tab when it is empty or
 /// the two characters "\t".
