@@ -7,6 +7,7 @@
 
 #include "load/text/platform.h"
 #include "view/logic/number_text.h"
+#include "view/logic/radix_sort.h"
 #include "view/logic/sort_keys.h"
 
 namespace rl {
@@ -16,18 +17,12 @@ int CompareNumbers(double left, double right) {
     return (left > right) - (left < right);
 }
 
-struct NumberedRow {
-    double number;
-    int32_t row;
-    uint32_t position;  // decides between equal numbers: as before
-};
-
 /// Sorts a column in which every cell is a number; false, and nothing done, when one is not.
 bool SortAsNumbers(std::vector<int32_t>& rows, const CellOfRow& cellOf, int32_t direction) {
-    std::vector<NumberedRow> entries;
+    std::vector<KeyedRow> entries;
     std::wstring cell;
-    for (size_t i = 0; i < rows.size(); ++i) {
-        cellOf(rows[i], cell);
+    for (const int32_t row : rows) {
+        cellOf(row, cell);
         const std::optional<double> number = ParseNumber(cell);
         if (!number) {
             return false;
@@ -35,15 +30,12 @@ bool SortAsNumbers(std::vector<int32_t>& rows, const CellOfRow& cellOf, int32_t 
         if (entries.empty()) {
             entries.reserve(rows.size());
         }
-        entries.push_back({*number, rows[i], static_cast<uint32_t>(i)});
+        const uint64_t key = KeyOfNumber(*number);
+        entries.push_back({direction > 0 ? key : ~key, row});
     }
-    const int wanted = direction > 0 ? -1 : 1;
-    std::sort(entries.begin(), entries.end(), [&](const NumberedRow& a, const NumberedRow& b) {
-        const int order = CompareNumbers(a.number, b.number);
-        return order == 0 ? a.position < b.position : order == wanted;
-    });
+    SortByRadix(entries);
     std::transform(entries.begin(), entries.end(), rows.begin(),
-                   [](const NumberedRow& entry) { return entry.row; });
+                   [](const KeyedRow& entry) { return entry.row; });
     return true;
 }
 

@@ -75,5 +75,14 @@ TEST(ColumnAsText, JoinsTheValuesInViewOrderWithoutTheHeader) {
     EXPECT_EQ(ColumnAsText(rows, -1, L"\t"), L"");
 }
 
+TEST(RowsToCopy, AreTheSelectedOnesOrElseTheCurrentOrElseTheFocused) {
+    using Rows = std::vector<int32_t>;
+    EXPECT_EQ(RowsToCopy({2, 4}, 1, 0, 5), (Rows{2, 4}));
+    EXPECT_EQ(RowsToCopy({}, 1, 0, 5), (Rows{1}));
+    EXPECT_EQ(RowsToCopy({}, -1, 3, 5), (Rows{3}));
+    EXPECT_EQ(RowsToCopy({}, -1, -1, 5), Rows{});
+    EXPECT_EQ(RowsToCopy({}, 5, 0, 5), Rows{});
+}
+
 }  // namespace
 }  // namespace rl

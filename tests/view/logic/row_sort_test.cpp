@@ -73,7 +73,7 @@ std::vector<int32_t> SortedPlainly(const std::vector<std::wstring>& cells, int32
 }
 
 TEST(SortRows, GivesTheOrderOfTheComparisonInEveryKindOfColumn) {
-    std::vector<std::vector<std::wstring>> columns(6);
+    std::vector<std::vector<std::wstring>> columns(7);
     for (uint32_t i = 0; i < 5000; ++i) {
         const uint32_t mixed = i * 2654435761U;
         const std::wstring number = std::to_wstring(mixed % 3000);
@@ -83,6 +83,7 @@ TEST(SortRows, GivesTheOrderOfTheComparisonInEveryKindOfColumn) {
         columns[2].push_back(word);
         columns[3].push_back(i % 2 == 0 ? number : word);
         columns[4].push_back(i % 3 == 0 ? number : L"x" + std::to_wstring(mixed % 7));
+        columns[6].push_back((i % 5 == 0 ? L"-" : L"") + number + (i % 7 == 0 ? L".5" : L"e-3"));
         columns[5].push_back(i == 4000 ? L"17" : word + L" and more of the same length");
     }
     for (const auto& column : columns) {
