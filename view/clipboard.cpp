@@ -30,14 +30,14 @@ bool OpenClipboardPatiently(HWND owner) {
     return false;
 }
 
-UniqueGlobal CopyToGlobal(std::wstring_view text) {
-    UniqueGlobal memory(GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t)));
+UniqueGlobal WriteToGlobal(size_t size, const std::function<void(wchar_t*)>& write) {
+    UniqueGlobal memory(GlobalAlloc(GMEM_MOVEABLE, (size + 1) * sizeof(wchar_t)));
     auto* units = memory ? static_cast<wchar_t*>(GlobalLock(memory.Get())) : nullptr;
     if (units == nullptr) {
         return {};
     }
-    std::ranges::copy(text, units);
-    units[text.size()] = L'\0';
+    write(units);
+    units[size] = L'\0';
     GlobalUnlock(memory.Get());
     return memory;
 }
@@ -45,7 +45,12 @@ UniqueGlobal CopyToGlobal(std::wstring_view text) {
 }  // namespace
 
 bool SetClipboardText(HWND owner, std::wstring_view text) {
-    UniqueGlobal memory = CopyToGlobal(text);
+    return SetClipboardText(owner, text.size(),
+                            [text](wchar_t* units) { std::ranges::copy(text, units); });
+}
+
+bool SetClipboardText(HWND owner, size_t units, const std::function<void(wchar_t*)>& write) {
+    UniqueGlobal memory = WriteToGlobal(units, write);
     if (!memory || !OpenClipboardPatiently(owner)) {
         return false;
     }

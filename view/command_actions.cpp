@@ -29,6 +29,7 @@ bool Viewer::RunCommand(UINT id) {
         {Command::ToggleEdit, &Viewer::OnToggleEdit},
         {Command::ChooseFont, &Viewer::OnChooseFont},
         {Command::ChooseSourceFont, &Viewer::OnChooseFont},
+        {Command::LocateInSource, &Viewer::OnLocateInSource},
     };
     const CommandInfo* info = FindCommand(id);
     if (!loaded_ || info == nullptr) {

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +32,7 @@
 #include "view/help_window.h"
 #include "view/logic/find_text.h"
 #include "view/logic/keys.h"
+#include "view/logic/locate_node.h"
 #include "view/logic/row_view.h"
 #include "view/logic/status_cells.h"
 #include "view/logic/viewer_layout.h"
@@ -190,6 +192,12 @@ private:
     void SetFontSize(int points);
     void RefitAfterFonts();
 
+    // viewer_source.cpp
+    void FillSourceView();
+    void RefreshSource();
+    [[nodiscard]] std::optional<LocatedRange> LocateFocusedRow() const;
+    void OnLocateInSource(Command command);
+
     // key_input.cpp
     [[nodiscard]] bool HasFocusInside() const;
     bool PassKeyToHost(WPARAM key);
@@ -252,6 +260,7 @@ private:
     bool loaded_ = false;
     bool editMode_ = false;
     ViewerTab tab_ = ViewerTab::Data;
+    bool sourceIsStale_ = true;  // the source view shows something else than the document
     ViewerLayout layout_;
     int paneHeight_ = 0;  // pixels; 0: not yet set
     bool draggingSplitter_ = false;

@@ -90,9 +90,10 @@ void Viewer::UnregisterClasses() noexcept {
 
 bool Viewer::CreateWindows(HWND host) {
     InitControls();
-    if (!RegisterViewerClass(&WindowProc) || !SourceView::RegisterWindowClass()) {
+    if (!RegisterViewerClass(&WindowProc)) {
         return false;
     }
+    (void)SourceView::RegisterWindowClass();  // without it there is no source view, and no more
     const Rect area = ClientRect(host);
     window_ = CreateWindowExW(WS_EX_CONTROLPARENT | WS_EX_NOPARENTNOTIFY, kClassName, L"rowlark",
                               WS_CHILD | WS_CLIPCHILDREN, 0, 0, area.width, area.height, host,
@@ -118,9 +119,10 @@ bool Viewer::CreateControls() {
     placeholder_ =
         CreateControl(window_, L"STATIC", L"Loading...", kPlaceholderStyle, kPlaceholderId);
     if (placeholder_ == nullptr || !grid_.Create(window_, settings_.gridLines, *this) ||
-        !tabs_.Create(window_) || !pane_.Create(window_) || !source_.Create(window_)) {
+        !tabs_.Create(window_) || !pane_.Create(window_)) {
         return false;
     }
+    (void)source_.Create(window_);  // the viewer does without
     filters_.Attach(window_, *this);
     RebuildFonts();
     SetWindowTheme(grid_.Header(), L"", L"");

@@ -70,6 +70,7 @@ void Viewer::Adopt(detail::LoadedDoc& doc) {
     if (OpensOnSourceTab()) {
         tab_ = ViewerTab::Source;
         tabs_.Select(tab_);
+        FillSourceView();
     }
     RebuildFilterRow();
     UpdateValuePane();

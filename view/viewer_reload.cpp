@@ -159,6 +159,8 @@ bool Viewer::Reload(const LoadOptions& options) {
     }
     ShowInstead(place, [&] { std::swap(document_, fresh); });
     finder_.Reset();
+    RefreshSource();
+    ShowRows(place);
     return true;
 }
 

@@ -40,12 +40,16 @@ void Viewer::SwitchTab(ViewerTab tab) {
     }
     tab_ = tab;
     tabs_.Select(tab);
+    if (tab == ViewerTab::Source) {
+        FillSourceView();
+    }
     Relayout();
     FocusContent();
 }
 
 void Viewer::FocusContent() {
-    SetFocus(tab_ == ViewerTab::Source ? source_.Window() : grid_.Window());
+    const bool toSource = tab_ == ViewerTab::Source && source_.Window() != nullptr;
+    SetFocus(toSource ? source_.Window() : grid_.Window());
 }
 
 void Viewer::UpdateValuePane() {
