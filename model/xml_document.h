@@ -74,6 +74,9 @@ public:
     TextEncoding encoding{.name = L"UTF-8"};
     std::unordered_map<int32_t, std::wstring> nodeEdits;       // by node
     std::unordered_map<int32_t, std::wstring> attributeEdits;  // by attribute
+
+private:
+    void AppendContent(int32_t node, std::wstring& out) const;
 };
 
 /// Text with the five named references and character references resolved; unknown ones stay.
