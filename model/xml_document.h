@@ -76,7 +76,13 @@ public:
     std::unordered_map<int32_t, std::wstring> attributeEdits;  // by attribute
 
 private:
-    void AppendContent(int32_t node, std::wstring& out) const;
+    [[nodiscard]] const XmlNode& NodeAt(int32_t node) const {
+        return nodes[static_cast<size_t>(node)];
+    }
+    [[nodiscard]] std::wstring_view Span(uint32_t offset, uint32_t length) const {
+        return std::wstring_view(text).substr(offset, length);
+    }
+    void AppendValue(int32_t node, std::wstring& out) const;
 };
 
 /// Text with the five named references and character references resolved; unknown ones stay.

@@ -1,320 +1,219 @@
 #include "model/xml_parser.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <limits>
-#include <new>
-#include <string>
+#include <cwchar>
 #include <unordered_map>
+
+#include "model/xml_reader.h"
 
 namespace rl {
 
 namespace {
 
-constexpr size_t kNone = std::wstring_view::npos;
-constexpr size_t kMaxNodes = static_cast<size_t>(std::numeric_limits<int32_t>::max());
-constexpr size_t kUnitsBetweenQuestions = size_t{2} << 20;
+using detail::XmlExtent;
 
-bool IsBlank(wchar_t unit) {
-    return unit == L' ' || unit == L'\t' || unit == L'\n' || unit == L'\r';
-}
+/// Counts what the builder below will store.
+class NodeCounter {
+public:
+    void Text(XmlExtent) { ++nodes; }
+    void Section(XmlKind, XmlExtent, XmlExtent) { ++nodes; }
+    void Instruction(XmlExtent, XmlExtent, XmlExtent) { ++nodes; }
+    void Doctype(XmlExtent) { ++nodes; }
+    void EndTag(XmlExtent, uint32_t) {}
+    void StartTag(uint32_t, XmlExtent) {
+        ++nodes;
+        before_ = attributes;
+    }
+    void Attribute(XmlExtent, XmlExtent, uint16_t) { ++attributes; }
+    void ForgetAttributes() { attributes = before_; }
+    void EndStartTag(uint32_t, bool) {}
 
-bool EndsName(wchar_t unit) {
-    return IsBlank(unit) || unit == L'/' || unit == L'=' || unit == L'>';
-}
+    size_t nodes = 1;
+    size_t attributes = 0;
 
-bool IsXmlTarget(std::wstring_view target) {
-    return target.size() == 3 && (target[0] | 0x20) == L'x' && (target[1] | 0x20) == L'm' &&
-           (target[2] | 0x20) == L'l';
-}
-
-struct Span {
-    size_t begin = 0;
-    size_t end = 0;
-
-    [[nodiscard]] uint32_t Offset() const { return static_cast<uint32_t>(begin); }
-    [[nodiscard]] uint32_t Length() const { return static_cast<uint32_t>(end - begin); }
+private:
+    size_t before_ = 0;
 };
 
-class Parser {
+/// Nodes of the open elements, and which names they have.
+///
+/// A stray end tag must not look at them all: their names are counted as soon as an end tag meets
+/// another name than the innermost one's, those of each element once.
+template <typename Unit>
+class OpenElements {
 public:
-    Parser(std::wstring_view text, std::vector<XmlNode>& nodes,
-           std::vector<XmlAttribute>& attributes, const AbandonCheck& abandoned)
-        : text_(text), nodes_(nodes), attributes_(attributes), abandoned_(abandoned) {}
+    OpenElements(std::basic_string_view<Unit> text, const std::vector<XmlNode>& nodes)
+        : text_(text), nodes_(nodes), stack_{{.node = 0}} {}
 
-    XmlParseResult Parse() {
-        nodes_.push_back({});
-        open_.push_back({.node = 0, .lastChild = -1});
-        while (at_ < text_.size()) {
-            if (at_ >= nextQuestion_) {
-                nextQuestion_ = at_ + kUnitsBetweenQuestions;
-                if (IsAbandoned(abandoned_)) {
-                    return {};
-                }
-            }
-            ParseOne();
+    struct Entry {
+        int32_t node;
+        int32_t lastChild = -1;
+    };
+
+    [[nodiscard]] Entry& Innermost() { return stack_.back(); }
+    [[nodiscard]] bool IsEmpty() const { return stack_.size() == 1; }
+    void Push(int32_t node) { stack_.push_back({.node = node}); }
+
+    void Pop() {
+        if (stack_.size() == counted_) {
+            --names_.find(NameOf(stack_.back()))->second;
+            --counted_;
         }
-        CloseRest();
-        return result_;
+        stack_.pop_back();
+    }
+
+    /// Whether an element of this name is open; afterwards it is the innermost one.
+    bool CloseDownTo(std::basic_string_view<Unit> name) {
+        if (IsEmpty()) {
+            return false;
+        }
+        if (NameOf(stack_.back()) == name) {
+            return true;
+        }
+        for (; counted_ < stack_.size(); ++counted_) {
+            ++names_[NameOf(stack_[counted_])];
+        }
+        const auto found = names_.find(name);
+        if (found == names_.end() || found->second == 0) {
+            return false;
+        }
+        while (NameOf(stack_.back()) != name) {
+            Pop();
+        }
+        return true;
     }
 
 private:
-    /// An open element, or the document at the bottom.
-    struct Level {
-        int32_t node;
-        int32_t lastChild;
-    };
-
-    [[nodiscard]] std::wstring_view Rest() const { return text_.substr(at_); }
-    [[nodiscard]] std::wstring_view Part(Span span) const {
-        return text_.substr(span.begin, span.end - span.begin);
+    std::basic_string_view<Unit> NameOf(const Entry& entry) const {
+        const XmlNode& node = nodes_[static_cast<size_t>(entry.node)];
+        return text_.substr(node.nameOffset, node.nameLength);
     }
 
-    void ParseOne() {
-        if (text_[at_] != L'<') {
-            ParseText();
-        } else if (Rest().starts_with(L"<!--")) {
-            ParseSection(XmlKind::Comment, 4, L"-->");
-        } else if (Rest().starts_with(L"<![CDATA[")) {
-            ParseSection(XmlKind::Cdata, 9, L"]]>");
-        } else if (Rest().starts_with(L"<?")) {
-            ParseInstruction();
-        } else if (Rest().starts_with(L"<!")) {
-            ParseDeclaration();
-        } else if (Rest().starts_with(L"</")) {
-            ParseClosingTag();
-        } else {
-            ParseOpeningTag();
-        }
-    }
-
-    /// Appends a node as the last child of the innermost open element.
-    int32_t Append(XmlKind kind, Span source) {
-        if (nodes_.size() >= kMaxNodes) {
-            throw std::bad_alloc();
-        }
-        const auto index = static_cast<int32_t>(nodes_.size());
-        Level& above = open_.back();
-        XmlNode& parent = nodes_[static_cast<size_t>(above.node)];
-        ++parent.childCount;
-        (above.lastChild < 0 ? parent.firstChild
-                             : nodes_[static_cast<size_t>(above.lastChild)].nextSibling) = index;
-        above.lastChild = index;
-        XmlNode node;
-        node.kind = kind;
-        node.parent = above.node;
-        node.sourceStart = static_cast<uint32_t>(source.begin);
-        node.sourceEnd = static_cast<uint32_t>(source.end);
-        nodes_.push_back(node);
-        return index;
-    }
-
-    XmlNode& NodeAt(int32_t index) { return nodes_[static_cast<size_t>(index)]; }
-
-    void ParseText() {
-        const size_t begin = at_;
-        at_ = std::min(text_.find(L'<', at_), text_.size());
-        const std::wstring_view run = text_.substr(begin, at_ - begin);
-        if (!std::ranges::all_of(run, IsBlank)) {
-            XmlNode& node = NodeAt(Append(XmlKind::Text, {begin, at_}));
-            node.valueOffset = node.sourceStart;
-            node.valueLength = static_cast<uint32_t>(run.size());
-        }
-    }
-
-    /// The end of what begins at the cursor, behind `closing`, else the end of the text.
-    [[nodiscard]] size_t EndBehind(std::wstring_view closing, size_t from) const {
-        const size_t found = text_.find(closing, from);
-        return found == kNone ? text_.size() : found + closing.size();
-    }
-
-    // One that is not closed loses as much of its content as its closing mark would take.
-    void ParseSection(XmlKind kind, size_t opening, std::wstring_view closing) {
-        const size_t begin = at_;
-        const size_t content = begin + opening;
-        at_ = EndBehind(closing, content);
-        XmlNode& node = NodeAt(Append(kind, {begin, at_}));
-        node.valueOffset = static_cast<uint32_t>(content);
-        node.valueLength = static_cast<uint32_t>(
-            at_ - content > closing.size() ? at_ - content - closing.size() : 0);
-    }
-
-    [[nodiscard]] size_t NameEnd(size_t from, size_t limit) const {
-        while (from < limit && !EndsName(text_[from])) {
-            ++from;
-        }
-        return from;
-    }
-
-    [[nodiscard]] size_t SkipBlanks(size_t from, size_t limit) const {
-        while (from < limit && IsBlank(text_[from])) {
-            ++from;
-        }
-        return from;
-    }
-
-    void ParseInstruction() {
-        const size_t begin = at_;
-        const size_t mark = std::min(text_.find(L"?>", begin + 2), text_.size());
-        at_ = std::min(mark + 2, text_.size());
-        const Span target{begin + 2, NameEnd(begin + 2, mark)};
-        if (IsXmlTarget(Part(target))) {
-            return;
-        }
-        // One that is not closed loses as much of its data as its closing mark would take.
-        const size_t value = SkipBlanks(target.end, mark);
-        XmlNode& node = NodeAt(Append(XmlKind::ProcessingInstruction, {begin, at_}));
-        node.nameOffset = target.Offset();
-        node.nameLength = target.Length();
-        node.valueOffset = static_cast<uint32_t>(value);
-        node.valueLength = static_cast<uint32_t>(at_ > value + 2 ? at_ - 2 - value : 0);
-    }
-
-    void ParseDeclaration() {
-        const size_t begin = at_;
-        const bool isDoctype = Rest().starts_with(L"<!DOCTYPE");
-        int64_t depth = 0;
-        wchar_t quote = 0;
-        for (at_ += 2; at_ < text_.size(); ++at_) {
-            const wchar_t unit = text_[at_];
-            if (quote != 0) {
-                quote = unit == quote ? L'\0' : quote;
-            } else if (unit == L'"' || unit == L'\'') {
-                quote = unit;
-            } else if (unit == L'[') {
-                ++depth;
-            } else if (unit == L']') {
-                --depth;
-            } else if (unit == L'>' && depth < 1) {
-                ++at_;
-                break;
-            }
-        }
-        if (isDoctype) {
-            Append(XmlKind::Doctype, {begin, at_});
-        }
-    }
-
-    /// The first ">" outside quotes, else the end of the text.
-    [[nodiscard]] size_t TagClose(size_t at) const {
-        wchar_t quote = 0;
-        for (; at < text_.size(); ++at) {
-            const wchar_t unit = text_[at];
-            if (quote != 0) {
-                quote = unit == quote ? L'\0' : quote;
-            } else if (unit == L'>') {
-                return at;
-            } else if (unit == L'"' || unit == L'\'') {
-                quote = unit;
-            }
-        }
-        return at;
-    }
-
-    void ParseClosingTag() {
-        const size_t nameBegin = SkipBlanks(at_ + 2, text_.size());
-        const Span name{nameBegin, NameEnd(nameBegin, text_.size())};
-        at_ = std::min(TagClose(name.end) + 1, text_.size());
-        const auto open = openNames_.find(Part(name));
-        if (open == openNames_.end() || open->second == 0) {
-            result_.malformed = true;
-            return;
-        }
-        while (true) {
-            XmlNode& node = NodeAt(open_.back().node);
-            const std::wstring_view closed = text_.substr(node.nameOffset, node.nameLength);
-            open_.pop_back();
-            if (closed == open->first) {
-                node.sourceEnd = static_cast<uint32_t>(at_);
-                --open->second;
-                return;
-            }
-            --openNames_.find(closed)->second;
-        }
-    }
-
-    void ParseOpeningTag() {
-        const size_t begin = at_;
-        const Span name{begin + 1, NameEnd(begin + 1, text_.size())};
-        const size_t limit = TagClose(name.end);
-        at_ = std::min(limit + 1, text_.size());
-        size_t last = limit;
-        while (last > name.end && IsBlank(text_[last - 1])) {
-            --last;
-        }
-        const bool selfClosing = limit < text_.size() && last > name.end && text_[last - 1] == L'/';
-        const int32_t index = Append(XmlKind::Element, {begin, at_});
-        const size_t firstAttribute = attributes_.size();
-        ParseAttributes(name.end, limit);
-        XmlNode& node = NodeAt(index);
-        node.nameOffset = name.Offset();
-        node.nameLength = name.Length();
-        node.attributeCount = static_cast<uint32_t>(attributes_.size() - firstAttribute);
-        node.firstAttribute = node.attributeCount == 0 ? 0 : static_cast<uint32_t>(firstAttribute);
-        result_.hasElement = result_.hasElement || node.parent == 0;
-        if (!selfClosing) {
-            open_.push_back({.node = index, .lastChild = -1});
-            ++openNames_[Part(name)];
-        }
-    }
-
-    void ParseAttributes(size_t at, size_t limit) {
-        while (true) {
-            while (at < limit && (IsBlank(text_[at]) || text_[at] == L'/')) {
-                ++at;
-            }
-            if (at >= limit) {
-                return;
-            }
-            const Span name{at, NameEnd(at, limit)};
-            if (name.begin == name.end) {
-                ++at;
-                continue;
-            }
-            at = SkipBlanks(name.end, limit);
-            if (at >= limit || text_[at] != L'=') {
-                continue;
-            }
-            at = SkipBlanks(at + 1, limit);
-            if (at >= limit || (text_[at] != L'"' && text_[at] != L'\'')) {
-                continue;
-            }
-            const wchar_t quote = text_[at];
-            const Span value{at + 1, std::min(text_.find(quote, at + 1), limit)};
-            attributes_.push_back({.nameOffset = name.Offset(),
-                                   .nameLength = name.Length(),
-                                   .valueOffset = value.Offset(),
-                                   .valueLength = value.Length(),
-                                   .quote = static_cast<uint16_t>(quote)});
-            at = value.end + 1;
-        }
-    }
-
-    void CloseRest() {
-        result_.malformed = result_.malformed || open_.size() > 1;
-        for (const Level& level : open_) {
-            NodeAt(level.node).sourceEnd = static_cast<uint32_t>(text_.size());
-        }
-    }
-
-    std::wstring_view text_;
-    std::vector<XmlNode>& nodes_;
-    std::vector<XmlAttribute>& attributes_;
-    const AbandonCheck& abandoned_;
-    size_t at_ = 0;
-    size_t nextQuestion_ = 0;
-    std::vector<Level> open_;
-    // How many open elements have each name: a stray closing tag must not search them all.
-    std::unordered_map<std::wstring_view, size_t> openNames_;
-    XmlParseResult result_;
+    std::basic_string_view<Unit> text_;
+    const std::vector<XmlNode>& nodes_;
+    std::vector<Entry> stack_;  // the document node first
+    size_t counted_ = 1;        // entries whose names are in `names_`; the document has none
+    std::unordered_map<std::basic_string_view<Unit>, uint32_t> names_;
 };
+
+template <typename Unit>
+class NodeBuilder {
+public:
+    NodeBuilder(std::basic_string_view<Unit> text, const NodeCounter& counts, XmlTree& tree)
+        : text_(text), tree_(tree), open_(text, tree.nodes) {
+        tree.nodes.reserve(counts.nodes);
+        tree.attributes.reserve(counts.attributes);
+        tree.nodes.push_back({.sourceEnd = static_cast<uint32_t>(text.size())});
+    }
+
+    void Text(XmlExtent source) { AddNode(XmlKind::Text, source, {0, 0}, source); }
+    void Section(XmlKind kind, XmlExtent source, XmlExtent content) {
+        AddNode(kind, source, {0, 0}, content);
+    }
+    void Instruction(XmlExtent source, XmlExtent target, XmlExtent data) {
+        AddNode(XmlKind::ProcessingInstruction, source, target, data);
+    }
+    void Doctype(XmlExtent source) { AddNode(XmlKind::Doctype, source, {0, 0}, {0, 0}); }
+
+    void EndTag(XmlExtent name, uint32_t end) {
+        if (open_.CloseDownTo(text_.substr(name.start, name.end - name.start))) {
+            NodeAt(open_.Innermost().node).sourceEnd = end;
+            open_.Pop();
+        } else {
+            tree_.malformed = true;
+        }
+    }
+
+    void StartTag(uint32_t start, XmlExtent name) {
+        AddNode(XmlKind::Element, {start, start}, name, {0, 0});
+        firstAttribute_ = tree_.attributes.size();
+    }
+    void Attribute(XmlExtent name, XmlExtent value, uint16_t quote) {
+        tree_.attributes.push_back({.nameOffset = name.start,
+                                    .nameLength = name.end - name.start,
+                                    .valueOffset = value.start,
+                                    .valueLength = value.end - value.start,
+                                    .quote = quote});
+    }
+    void ForgetAttributes() { tree_.attributes.resize(firstAttribute_); }
+    void EndStartTag(uint32_t end, bool isEmpty) {
+        XmlNode& element = tree_.nodes.back();
+        const size_t count = tree_.attributes.size() - firstAttribute_;
+        element.sourceEnd = end;
+        element.firstAttribute = count > 0 ? static_cast<uint32_t>(firstAttribute_) : 0;
+        element.attributeCount = static_cast<uint32_t>(count);
+        if (!isEmpty) {
+            open_.Push(static_cast<int32_t>(tree_.nodes.size() - 1));
+        }
+    }
+
+    /// Elements left open reach to the end of the text.
+    void Finish() {
+        for (; !open_.IsEmpty(); open_.Pop()) {
+            NodeAt(open_.Innermost().node).sourceEnd = static_cast<uint32_t>(text_.size());
+            tree_.malformed = true;
+        }
+    }
+
+private:
+    XmlNode& NodeAt(int32_t index) { return tree_.nodes[static_cast<size_t>(index)]; }
+
+    void AddNode(XmlKind kind, XmlExtent source, XmlExtent name, XmlExtent value) {
+        const auto index = static_cast<int32_t>(tree_.nodes.size());
+        auto& above = open_.Innermost();
+        ++NodeAt(above.node).childCount;
+        (above.lastChild < 0 ? NodeAt(above.node).firstChild
+                             : NodeAt(above.lastChild).nextSibling) = index;
+        above.lastChild = index;
+        tree_.nodes.push_back({.kind = kind,
+                               .nameOffset = name.start,
+                               .nameLength = name.end - name.start,
+                               .valueOffset = value.start,
+                               .valueLength = value.end - value.start,
+                               .sourceStart = source.start,
+                               .sourceEnd = source.end,
+                               .parent = above.node});
+    }
+
+    std::basic_string_view<Unit> text_;
+    XmlTree& tree_;
+    OpenElements<Unit> open_;
+    size_t firstAttribute_ = 0;
+};
+
+template <typename Scan, typename Unit>
+std::optional<XmlTree> ParseWith(std::basic_string_view<Unit> text, const AbandonCheck& abandoned) {
+    std::optional<XmlTree> tree;
+    NodeCounter counter;
+    if (text.size() <= kMaxXmlUnits &&
+        detail::XmlReader<Unit, Scan, NodeCounter>(text, counter).Read(abandoned)) {
+        tree.emplace();
+        NodeBuilder<Unit> builder(text, counter, *tree);
+        if (!detail::XmlReader<Unit, Scan, NodeBuilder<Unit>>(text, builder).Read(abandoned)) {
+            return std::nullopt;
+        }
+        builder.Finish();
+    }
+    return tree;
+}
 
 }  // namespace
 
-XmlParseResult ParseXml(std::wstring_view text, std::vector<XmlNode>& nodes,
-                        std::vector<XmlAttribute>& attributes, const AbandonCheck& abandoned) {
-    return Parser(text, nodes, attributes, abandoned).Parse();
+std::optional<XmlTree> ParseXml(std::wstring_view text, const AbandonCheck& abandoned,
+                                XmlScanKernel kernel) {
+#if WCHAR_MAX == 0xFFFF
+    if (kernel == XmlScanKernel::Sse2) {
+        return ParseWith<detail::XmlScanSse2>(text, abandoned);
+    }
+#else
+    (void)kernel;
+#endif
+    return ParseWith<detail::XmlScanPlain>(text, abandoned);
+}
+
+std::optional<XmlTree> ParseXml(std::u16string_view text, const AbandonCheck& abandoned,
+                                XmlScanKernel kernel) {
+    return kernel == XmlScanKernel::Sse2 ? ParseWith<detail::XmlScanSse2>(text, abandoned)
+                                         : ParseWith<detail::XmlScanPlain>(text, abandoned);
 }
 
 }  // namespace rl

@@ -1,9 +1,13 @@
-// Reads XML text into nodes and attributes, forgivingly and in one pass.
+// Cuts an XML text into nodes and attributes.
 //
-// Nesting that does not balance sets a flag; nothing fails but a text without an element. Follows
-// XML 1.0 where files do, and works with a stack of its own.
+// Forgiving: whatever the text, the parse ends, in time proportional to its length, and tags that
+// do not balance only set a flag. The text is read twice, first to count: nodes and attributes of a
+// large file fill gigabytes, and growing arrays would hold them twice.
+//
+// Knows nothing of values, edits and entities. Safe on any thread.
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -12,14 +16,26 @@
 
 namespace rl {
 
-struct XmlParseResult {
-    bool hasElement = false;  // false also when the work was abandoned
-    bool malformed = false;
+struct XmlTree {
+    std::vector<XmlNode> nodes;  // the document node first
+    std::vector<XmlAttribute> attributes;
+    bool malformed = false;  // tags did not balance
+
+    bool operator==(const XmlTree&) const = default;
 };
 
-/// Fills both arrays, which must be empty. Node 0 is the document.
-[[nodiscard]] XmlParseResult ParseXml(std::wstring_view text, std::vector<XmlNode>& nodes,
-                                      std::vector<XmlAttribute>& attributes,
-                                      const AbandonCheck& abandoned);
+/// Texts of more units than this are not parsed: node indices have 31 bits.
+inline constexpr size_t kMaxXmlUnits = 0x7FFFFFF0;
+
+enum class XmlScanKernel { Plain, Sse2 };
+
+/// The nodes of `text`; nothing when it is too long or when `abandoned`, asked every few million
+/// units, said so. Units wider than 16 bits are always scanned by the plain kernel.
+[[nodiscard]] std::optional<XmlTree> ParseXml(std::wstring_view text,
+                                              const AbandonCheck& abandoned = {},
+                                              XmlScanKernel kernel = XmlScanKernel::Sse2);
+[[nodiscard]] std::optional<XmlTree> ParseXml(std::u16string_view text,
+                                              const AbandonCheck& abandoned = {},
+                                              XmlScanKernel kernel = XmlScanKernel::Sse2);
 
 }  // namespace rl

@@ -1,251 +1,195 @@
 #include "model/xml_table.h"
 
-#include <cstddef>
+#include <array>
+#include <optional>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
-#include "model/cell_store.h"
-#include "model/key_columns.h"
+#include "model/xml_table_cells.h"
 
 namespace rl {
 
 namespace {
 
-constexpr std::wstring_view kKey = L"Key";
-constexpr std::wstring_view kValue = L"Value";
-constexpr std::wstring_view kNested = L"\x2026";  // stands for what has elements of its own
-constexpr wchar_t kAttributeMark = L'@';
+constexpr std::array<std::wstring_view, 2> kKeyValueColumns = {L"Key", L"Value"};
+constexpr std::wstring_view kNested = L"\x2026";
 
-/// Calls `take(child, node)` for each child in order.
-template <class Take>
-void ForEachChild(const XmlDocument& document, int32_t parent, Take take) {
-    for (int32_t child = document.nodes[static_cast<size_t>(parent)].firstChild; child >= 0;) {
-        const XmlNode& node = document.nodes[static_cast<size_t>(child)];
-        take(child, node);
-        child = node.nextSibling;
-    }
+const XmlNode& NodeOf(const XmlDocument& document, int32_t node) {
+    return document.nodes[static_cast<size_t>(node)];
 }
 
-/// Calls `take(attribute, name)` for each attribute in order.
-template <class Take>
-void ForEachAttribute(const XmlDocument& document, int32_t element, Take take) {
-    const XmlNode& node = document.nodes[static_cast<size_t>(element)];
-    for (uint32_t i = 0; i < node.attributeCount; ++i) {
-        const auto attribute = static_cast<int32_t>(node.firstAttribute + i);
-        take(attribute, document.AttributeName(attribute));
+std::vector<int32_t> ElementChildren(const XmlDocument& document, int32_t node) {
+    std::vector<int32_t> elements;
+    for (int32_t child = NodeOf(document, node).firstChild; child >= 0;) {
+        const XmlNode& below = NodeOf(document, child);
+        if (below.kind == XmlKind::Element) {
+            elements.push_back(child);
+        }
+        child = below.nextSibling;
     }
+    return elements;
 }
 
-/// Which children of an element are rows.
-struct RecordChoice {
-    bool keyValue = false;        // all are different: none
-    std::wstring_view name = {};  // empty: all elements
-};
-
-RecordChoice ChooseRecords(const XmlDocument& document, int32_t element) {
-    struct Name {
-        std::wstring_view text;
-        size_t count;
-    };
-    std::vector<Name> names;
-    std::unordered_map<std::wstring_view, size_t> indices;
-    ForEachChild(document, element, [&](int32_t child, const XmlNode& node) {
-        if (node.kind == XmlKind::Element) {
-            const std::wstring_view name = document.NodeName(child);
-            const auto [at, isNew] = indices.try_emplace(name, names.size());
-            if (isNew) {
-                names.push_back({name, 0});
+/// The name that occurs most often, at least twice; of several the one that came first.
+std::optional<std::wstring_view> MostRepeatedName(const XmlDocument& document,
+                                                  const std::vector<int32_t>& elements) {
+    std::unordered_map<std::wstring_view, size_t> places;
+    std::vector<std::pair<std::wstring_view, size_t>> counts;
+    size_t place = 0;
+    for (const int32_t element : elements) {
+        const std::wstring_view name = document.NodeName(element);
+        if (counts.empty() || counts[place].first != name) {
+            place = places.try_emplace(name, counts.size()).first->second;
+            if (place == counts.size()) {
+                counts.emplace_back(name, 0);
             }
-            ++names[at->second].count;
         }
+        ++counts[place].second;
+    }
+    std::optional<std::wstring_view> best;
+    size_t most = 1;
+    for (const auto& [name, count] : counts) {
+        if (count > most) {
+            most = count;
+            best = name;
+        }
+    }
+    return best;
+}
+
+/// The children that become rows; none when they are better shown as key and value.
+std::vector<int32_t> ChooseRecords(const XmlDocument& document, int32_t node,
+                                   std::wstring_view recordName) {
+    std::vector<int32_t> elements = ElementChildren(document, node);
+    if (recordName.empty()) {
+        const auto repeated = MostRepeatedName(document, elements);
+        if (!repeated) {
+            return elements.size() < 2 ? elements : std::vector<int32_t>{};
+        }
+        recordName = *repeated;
+        if (recordName.empty()) {
+            return elements;  // without a name to tell them by, all are records
+        }
+    }
+    std::erase_if(elements, [&document, recordName](int32_t element) {
+        return document.NodeName(element) != recordName;
     });
-    const Name* best = nullptr;
-    for (const Name& name : names) {
-        if (name.count >= 2 && (best == nullptr || name.count > best->count)) {
-            best = &name;
-        }
-    }
-    if (best != nullptr) {
-        return {.name = best->text};
-    }
-    return {.keyValue = names.size() >= 2};
+    return elements;
 }
 
 }  // namespace
 
 struct XmlTableView::Table {
-    struct Column {
-        bool isAttribute;
-        std::wstring name;  // with its mark
-    };
-
-    explicit Table(const XmlDocument* shown) : document(shown) {}
-
-    const XmlDocument* document;
-    bool keyValue = false;
     int32_t element = -1;
-    std::vector<Column> columns;
     std::vector<int32_t> rowNodes;
-    CellStore cells;                  // records: attributes and elements
-    std::vector<int32_t> attributes;  // key and value: those of the first rows
+    std::optional<detail::XmlRecordCells> records;  // none: key and value
 
-    void BuildRecords(std::wstring_view recordName);
-    void BuildKeyValue();
-    [[nodiscard]] XmlCell RecordCell(size_t row, int32_t column) const;
-    [[nodiscard]] XmlCell KeyCell(size_t row) const;
-    [[nodiscard]] XmlCell ValueCell(size_t row) const;
-    void ReadKey(size_t row, std::wstring& out) const;
+    // Of key and value.
+    std::wstring attributeKeys;       // "@name" of all attributes, one after the other
+    std::vector<uint32_t> keyStarts;  // into `attributeKeys`, and the end
 
-private:
-    void CollectRecords(std::wstring_view recordName);
-    [[nodiscard]] XmlCell ElementCell(int32_t child, bool keyed) const;
+    void AppendColumnName(size_t column, std::wstring& out) const;
+    void MakeKeyValue(const XmlDocument& document);
+    [[nodiscard]] XmlCell RecordCell(const XmlDocument& document, size_t row, int32_t column) const;
+    [[nodiscard]] XmlCell KeyCell(const XmlDocument& document, size_t row) const;
+    [[nodiscard]] XmlCell ValueCell(const XmlDocument& document, size_t row) const;
 };
 
-void XmlTableView::Table::CollectRecords(std::wstring_view recordName) {
-    ForEachChild(*document, element, [&](int32_t child, const XmlNode& node) {
-        if (node.kind == XmlKind::Element &&
-            (recordName.empty() || document->NodeName(child) == recordName)) {
-            rowNodes.push_back(child);
-        }
-    });
-}
-
-// Attributes and elements are numbered together by the names of their columns: an element may be
-// named like the column of an attribute.
-void XmlTableView::Table::BuildRecords(std::wstring_view recordName) {
-    CollectRecords(recordName);
-    KeyColumns attributeNames;
-    KeyColumns elementNames;
-    std::vector<int32_t> attributeColumns;  // by the number in each of the two
-    std::vector<int32_t> elementColumns;
-    const auto columnOf = [this](KeyColumns& names, std::vector<int32_t>& numbers,
-                                 std::wstring_view name, bool isAttribute) {
-        const auto index = static_cast<size_t>(names.Add(name));
-        if (index == numbers.size()) {
-            numbers.push_back(static_cast<int32_t>(columns.size()));
-            std::wstring shown(isAttribute ? 1 : 0, kAttributeMark);
-            columns.push_back({isAttribute, shown += name});
-        }
-        return numbers[index];
-    };
-    for (const int32_t record : rowNodes) {
-        cells.BeginRow();
-        attributeNames.StartRecord();
-        elementNames.StartRecord();
-        ForEachAttribute(*document, record, [&](int32_t attribute, std::wstring_view name) {
-            cells.Add(columnOf(attributeNames, attributeColumns, name, true), attribute);
-        });
-        ForEachChild(*document, record, [&](int32_t child, const XmlNode& node) {
-            if (node.kind != XmlKind::Element) {
-                return;
-            }
-            const std::wstring_view name = document->NodeName(child);
-            if (name.starts_with(kAttributeMark)) {
-                columnOf(attributeNames, attributeColumns, name.substr(1), true);
-            } else {
-                cells.Add(columnOf(elementNames, elementColumns, name, false), child);
-            }
-        });
-    }
-    cells.Finish(static_cast<int32_t>(columns.size()));
-}
-
-void XmlTableView::Table::BuildKeyValue() {
-    keyValue = true;
-    rowNodes.clear();
-    columns.clear();
-    columns.push_back({false, std::wstring(kKey)});
-    columns.push_back({false, std::wstring(kValue)});
-    if (element < 0) {
+void XmlTableView::Table::AppendColumnName(size_t column, std::wstring& out) const {
+    if (!records) {
+        out += kKeyValueColumns[column];
         return;
     }
-    ForEachAttribute(*document, element, [&](int32_t attribute, std::wstring_view) {
-        attributes.push_back(attribute);
-        rowNodes.push_back(element);
-    });
-    ForEachChild(*document, element,
-                 [&](int32_t child, const XmlNode&) { rowNodes.push_back(child); });
+    const detail::XmlColumn& named = records->Columns()[column];
+    out += named.isAttribute ? L"@" : L"";
+    out += named.name;
 }
 
-XmlCell XmlTableView::Table::ElementCell(int32_t child, bool keyed) const {
+void XmlTableView::Table::MakeKeyValue(const XmlDocument& document) {
+    records.reset();
+    const XmlNode& node = NodeOf(document, element);
+    rowNodes.assign(node.attributeCount, element);
+    keyStarts.push_back(0);
+    for (uint32_t i = 0; i < node.attributeCount; ++i) {
+        attributeKeys += L'@';
+        attributeKeys += document.AttributeName(static_cast<int32_t>(node.firstAttribute + i));
+        keyStarts.push_back(static_cast<uint32_t>(attributeKeys.size()));
+    }
+    for (int32_t child = node.firstChild; child >= 0; child = NodeOf(document, child).nextSibling) {
+        rowNodes.push_back(child);
+    }
+}
+
+XmlCell XmlTableView::Table::RecordCell(const XmlDocument& document, size_t row,
+                                        int32_t column) const {
     XmlCell cell;
-    if (document->HasElementChild(child)) {
+    const int32_t index = records->At(row, column);
+    if (index == detail::XmlRecordCells::kEmpty) {
+        return cell;
+    }
+    if (records->Columns()[static_cast<size_t>(column)].isAttribute) {
+        cell.ref = XmlDocument::AttributeRef(rowNodes[row], index);
+    } else if (document.HasElementChild(index)) {
+        cell.text = kNested;
+        cell.hasText = true;
+    } else {
+        cell.textNode = index;
+        cell.ref = document.ValueRefOf(index);
+    }
+    return cell;
+}
+
+XmlCell XmlTableView::Table::KeyCell(const XmlDocument& document, size_t row) const {
+    XmlCell cell;
+    cell.hasText = true;
+    if (row + 1 < keyStarts.size()) {
+        cell.text = std::wstring_view(attributeKeys)
+                        .substr(keyStarts[row], keyStarts[row + 1] - keyStarts[row]);
+        return cell;
+    }
+    const XmlKind kind = NodeOf(document, rowNodes[row]).kind;
+    const bool isText = kind == XmlKind::Text || kind == XmlKind::Cdata;
+    const XmlNode& above = NodeOf(document, element);
+    const bool isNamed = above.kind == XmlKind::Element && above.nameLength > 0;
+    cell.text = document.NodeName(isText && isNamed ? element : rowNodes[row]);
+    return cell;
+}
+
+XmlCell XmlTableView::Table::ValueCell(const XmlDocument& document, size_t row) const {
+    XmlCell cell;
+    if (row + 1 < keyStarts.size()) {
+        const uint32_t first = NodeOf(document, element).firstAttribute;
+        cell.ref = XmlDocument::AttributeRef(element, static_cast<int32_t>(first + row));
+        return cell;
+    }
+    const int32_t child = rowNodes[row];
+    const bool isElement = NodeOf(document, child).kind == XmlKind::Element;
+    if (isElement && document.HasElementChild(child)) {
         cell.text = kNested;
         cell.hasText = true;
         return cell;
     }
-    cell.ref = document->ValueRefOf(child);
-    const bool isElement = document->nodes[static_cast<size_t>(child)].kind == XmlKind::Element;
-    if (!keyed || (isElement && cell.ref.kind == XmlValueRef::Kind::None)) {
+    cell.ref = document.ValueRefOf(child);
+    if (isElement && cell.ref.kind == XmlValueRef::Kind::None) {
         cell.textNode = child;
     }
     return cell;
 }
 
-XmlCell XmlTableView::Table::RecordCell(size_t row, int32_t column) const {
-    const int32_t found = cells.At(static_cast<int32_t>(row), column);
-    if (found < 0) {
-        return {};
-    }
-    if (!columns[static_cast<size_t>(column)].isAttribute) {
-        return ElementCell(found, false);
-    }
-    XmlCell cell;
-    cell.ref = XmlDocument::AttributeRef(rowNodes[row], found);
-    return cell;
-}
-
-// The key's text is made when it is asked for: most keys are parts of the document's own text.
-XmlCell XmlTableView::Table::KeyCell(size_t row) const {
-    XmlCell cell;
-    cell.hasText = true;
-    if (row >= attributes.size()) {
-        const int32_t child = rowNodes[row];
-        const XmlKind kind = document->nodes[static_cast<size_t>(child)].kind;
-        const bool isText = kind == XmlKind::Text || kind == XmlKind::Cdata;
-        const XmlNode& above = document->nodes[static_cast<size_t>(element)];
-        const bool named = above.kind == XmlKind::Element && above.nameLength > 0;
-        cell.text = document->NodeName(isText && named ? element : child);
-    }
-    return cell;
-}
-
-XmlCell XmlTableView::Table::ValueCell(size_t row) const {
-    if (row < attributes.size()) {
-        XmlCell cell;
-        cell.ref = XmlDocument::AttributeRef(element, attributes[row]);
-        return cell;
-    }
-    return ElementCell(rowNodes[row], true);
-}
-
-void XmlTableView::Table::ReadKey(size_t row, std::wstring& out) const {
-    out.clear();
-    if (row < attributes.size()) {
-        out += kAttributeMark;
-        out += document->AttributeName(attributes[row]);
-    } else {
-        out += KeyCell(row).text;
-    }
-}
-
 XmlTableView::XmlTableView(const XmlDocument* document, int32_t element,
                            std::wstring_view recordName)
-    : document_(document), table_(std::make_unique<Table>(document)) {
-    if (document == nullptr || element < 0) {
-        table_->BuildKeyValue();
-        return;
-    }
-    table_->element = element;
-    RecordChoice choice{.name = recordName};
-    if (recordName.empty()) {
-        choice = ChooseRecords(*document, element);
-    }
-    if (!choice.keyValue) {
-        table_->BuildRecords(choice.name);
-    }
-    if (table_->columns.empty()) {
-        table_->BuildKeyValue();
+    : document_(document), table_(std::make_unique<Table>()) {
+    Table& table = *table_;
+    table.element = element;
+    const bool exists = document != nullptr && element >= 0 &&
+                        static_cast<size_t>(element) < document->nodes.size();
+    if (exists) {
+        table.rowNodes = ChooseRecords(*document, element, recordName);
+        table.records.emplace(*document, table.rowNodes);
+        if (table.records->Columns().empty()) {
+            table.MakeKeyValue(*document);
+        }
     }
 }
 
@@ -256,11 +200,8 @@ int32_t XmlTableView::RowCount() const {
 }
 
 int32_t XmlTableView::ColumnCount() const {
-    return static_cast<int32_t>(table_->columns.size());
-}
-
-bool XmlTableView::IsKeyValue() const {
-    return table_->keyValue;
+    return static_cast<int32_t>(table_->records ? table_->records->Columns().size()
+                                                : kKeyValueColumns.size());
 }
 
 std::wstring XmlTableView::CellText(int32_t row, int32_t column) const {
@@ -269,17 +210,18 @@ std::wstring XmlTableView::CellText(int32_t row, int32_t column) const {
     return text;
 }
 
+bool XmlTableView::IsCommentRow(int32_t) const {
+    return false;
+}
+
+bool XmlTableView::IsCellEditable(int32_t row, int32_t column) const {
+    return Cell(row, column).ref.kind != XmlValueRef::Kind::None;
+}
+
 void XmlTableView::ReadCell(int32_t row, int32_t column, std::wstring& out) const {
     out.clear();
-    if (column < 0 || column >= ColumnCount() || row < 0 || row >= RowCount()) {
-        return;
-    }
-    if (row == 0) {
-        out = table_->columns[static_cast<size_t>(column)].name;
-        return;
-    }
-    if (table_->keyValue && column == 0) {
-        table_->ReadKey(static_cast<size_t>(row) - 1, out);
+    if (row == 0 && column >= 0 && column < ColumnCount()) {
+        table_->AppendColumnName(static_cast<size_t>(column), out);
         return;
     }
     const XmlCell cell = Cell(row, column);
@@ -294,23 +236,20 @@ void XmlTableView::ReadCell(int32_t row, int32_t column, std::wstring& out) cons
     }
 }
 
-bool XmlTableView::IsCommentRow(int32_t) const {
-    return false;
-}
-
-bool XmlTableView::IsCellEditable(int32_t row, int32_t column) const {
-    return Cell(row, column).ref.kind != XmlValueRef::Kind::None;
+bool XmlTableView::IsKeyValue() const {
+    return !table_->records;
 }
 
 XmlCell XmlTableView::Cell(int32_t row, int32_t column) const {
-    if (row < 1 || column < 0 || column >= ColumnCount() || row >= RowCount()) {
+    if (row < 1 || row >= RowCount() || column < 0 || column >= ColumnCount()) {
         return {};
     }
-    const size_t index = static_cast<size_t>(row) - 1;
-    if (!table_->keyValue) {
-        return table_->RecordCell(index, column);
+    const size_t dataRow = static_cast<size_t>(row) - 1;
+    if (table_->records) {
+        return table_->RecordCell(*document_, dataRow, column);
     }
-    return column == 0 ? table_->KeyCell(index) : table_->ValueCell(index);
+    return column == 0 ? table_->KeyCell(*document_, dataRow)
+                       : table_->ValueCell(*document_, dataRow);
 }
 
 int32_t XmlTableView::RowNode(int32_t row) const {

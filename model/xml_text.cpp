@@ -1,7 +1,9 @@
 #include "model/xml_text.h"
 
-#include <cstddef>
-#include <cstdint>
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
 
 #include "model/xml_document.h"
 
@@ -9,120 +11,106 @@ namespace rl {
 
 namespace {
 
-constexpr size_t kLongestReference = 32;
+constexpr size_t kFarthestSemicolon = 32;  // units behind the "&"
 
-struct NamedUnit {
-    std::wstring_view name;
-    wchar_t unit;
-};
-
-constexpr NamedUnit kNamed[] = {
-    {L"amp", L'&'}, {L"lt", L'<'}, {L"gt", L'>'}, {L"quot", L'"'}, {L"apos", L'\''}};
-
-/// The digit's value, below `base`; -1 for anything else.
-int DigitValue(wchar_t unit, uint32_t base) {
+std::optional<uint32_t> DigitOf(wchar_t unit, uint32_t base) {
     if (unit >= L'0' && unit <= L'9') {
-        return unit - L'0';
+        return static_cast<uint32_t>(unit - L'0');
     }
-    const auto lower = static_cast<wchar_t>(unit | 0x20);
-    return base == 16 && lower >= L'a' && lower <= L'f' ? lower - L'a' + 10 : -1;
+    const wchar_t lowered = static_cast<wchar_t>(unit | 0x20);
+    if (base == 16 && lowered >= L'a' && lowered <= L'f') {
+        return static_cast<uint32_t>(lowered - L'a' + 10);
+    }
+    return std::nullopt;
 }
 
-/// The unit of a character reference behind its "#", the low 16 bits of the number; -1 for none.
-int32_t CharacterOf(std::wstring_view digits) {
-    uint32_t base = 10;
-    if (digits.starts_with(L'x') || digits.starts_with(L'X')) {
-        base = 16;
-        digits.remove_prefix(1);
-    }
+/// The number as one unit: of larger ones only the low 16 bits are kept.
+std::optional<wchar_t> UnitFromNumber(std::wstring_view digits, uint32_t base) {
     if (digits.empty()) {
-        return -1;
+        return std::nullopt;
     }
-    uint32_t value = 0;
-    for (const wchar_t digit : digits) {
-        const int one = DigitValue(digit, base);
-        if (one < 0) {
-            return -1;
+    uint32_t number = 0;
+    for (const wchar_t unit : digits) {
+        const std::optional<uint32_t> digit = DigitOf(unit, base);
+        if (!digit) {
+            return std::nullopt;
         }
-        value = value * base + static_cast<uint32_t>(one);  // higher bits do not count
+        number = (number * base + *digit) & 0xFFFF;
     }
-    return static_cast<int32_t>(value & 0xFFFF);
+    return static_cast<wchar_t>(number);
 }
 
-/// The unit that a reference's name stands for; -1 for none.
-int32_t UnitOf(std::wstring_view name) {
+/// What stands for the name between "&" and ";".
+std::optional<wchar_t> ResolveReference(std::wstring_view name) {
+    static constexpr std::array<std::pair<std::wstring_view, wchar_t>, 5> kNamed = {
+        {{L"amp", L'&'}, {L"lt", L'<'}, {L"gt", L'>'}, {L"quot", L'"'}, {L"apos", L'\''}}};
+    if (name.starts_with(L"#x") || name.starts_with(L"#X")) {
+        return UnitFromNumber(name.substr(2), 16);
+    }
     if (name.starts_with(L'#')) {
-        return CharacterOf(name.substr(1));
+        return UnitFromNumber(name.substr(1), 10);
     }
-    for (const NamedUnit& known : kNamed) {
-        if (known.name == name) {
-            return known.unit;
-        }
-    }
-    return -1;
+    const auto* const found = std::ranges::find(kNamed, name, &decltype(kNamed)::value_type::first);
+    return found == kNamed.end() ? std::nullopt : std::optional(found->second);
 }
 
-void EscapeUnits(std::wstring_view text, std::wstring_view special, std::wstring& out) {
-    size_t plain = 0;
-    for (size_t at = text.find_first_of(special); at != std::wstring_view::npos;
-         at = text.find_first_of(special, plain)) {
-        out += text.substr(plain, at - plain);
-        for (const NamedUnit& known : kNamed) {
-            if (known.unit == text[at]) {
-                out += L'&';
-                out += known.name;
-                out += L';';
-            }
+void AppendEscaped(std::wstring_view text, wchar_t quote, std::wstring& out) {
+    for (const wchar_t unit : text) {
+        switch (unit) {
+            case L'&': out += L"&amp;"; break;
+            case L'<': out += L"&lt;"; break;
+            case L'>': out += L"&gt;"; break;
+            default:
+                if (unit == quote && (unit == L'"' || unit == L'\'')) {
+                    out += unit == L'"' ? L"&quot;" : L"&apos;";
+                } else {
+                    out += unit;
+                }
         }
-        plain = at + 1;
     }
-    out += text.substr(plain);
 }
 
 }  // namespace
 
-void DecodeXmlText(std::wstring_view text, std::wstring& out) {
+void AppendDecodedEntities(std::wstring_view text, std::wstring& out) {
     size_t at = 0;
-    while (at < text.size()) {
-        const size_t mark = text.find(L'&', at);
+    for (size_t mark = text.find(L'&'); mark != text.npos; mark = text.find(L'&', at)) {
         out += text.substr(at, mark - at);
-        if (mark == std::wstring_view::npos) {
-            return;
+        at = mark + 1;
+        const size_t length = text.substr(at, kFarthestSemicolon).find(L';');
+        std::optional<wchar_t> unit;
+        if (length != text.npos) {
+            unit = ResolveReference(text.substr(at, length));
         }
-        const size_t end = text.substr(mark, kLongestReference + 1).find(L';');
-        const int32_t unit =
-            end == std::wstring_view::npos ? -1 : UnitOf(text.substr(mark + 1, end - 1));
-        out += unit >= 0 ? static_cast<wchar_t>(unit) : L'&';
-        at = mark + (unit >= 0 ? end + 1 : 1);
+        out += unit.value_or(L'&');
+        at += unit ? length + 1 : 0;
     }
+    out += text.substr(at);
 }
 
-void EscapeXmlText(std::wstring_view text, std::wstring& out) {
-    EscapeUnits(text, L"&<>", out);
+void AppendEscapedText(std::wstring_view text, std::wstring& out) {
+    AppendEscaped(text, 0, out);
 }
 
-void EscapeXmlAttribute(std::wstring_view text, wchar_t quote, std::wstring& out) {
-    EscapeUnits(text, quote == L'\'' ? L"&<>'" : L"&<>\"", out);
+void AppendEscapedAttribute(std::wstring_view text, wchar_t quote, std::wstring& out) {
+    AppendEscaped(text, quote, out);
 }
 
 std::wstring DecodeEntities(std::wstring_view text) {
     std::wstring out;
-    out.reserve(text.size());
-    DecodeXmlText(text, out);
+    AppendDecodedEntities(text, out);
     return out;
 }
 
 std::wstring EscapeText(std::wstring_view text) {
     std::wstring out;
-    out.reserve(text.size());
-    EscapeXmlText(text, out);
+    AppendEscapedText(text, out);
     return out;
 }
 
 std::wstring EscapeAttribute(std::wstring_view text, wchar_t quote) {
     std::wstring out;
-    out.reserve(text.size());
-    EscapeXmlAttribute(text, quote, out);
+    AppendEscapedAttribute(text, quote, out);
     return out;
 }
 

@@ -1,62 +1,70 @@
-// The XML text again: edited values in their places, all else as it stands.
-#include <algorithm>
-#include <cstddef>
-#include <vector>
+#include "model/xml_writer.h"
 
-#include "model/xml_document.h"
-#include "model/xml_text.h"
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace rl {
 
 namespace {
 
 struct Replacement {
-    size_t begin;
-    size_t end;
+    uint32_t start;
+    uint32_t length;
     std::wstring text;
 };
 
-Replacement ReplaceNode(const XmlDocument& document, int32_t node, const std::wstring& value) {
-    const XmlNode& at = document.nodes[static_cast<size_t>(node)];
-    Replacement made{at.valueOffset, size_t{at.valueOffset} + at.valueLength, {}};
-    if (at.kind == XmlKind::Text) {
-        EscapeXmlText(value, made.text);
-    } else {
-        made.text = value;
+Replacement ReplaceNode(const XmlNode& node, const std::wstring& value) {
+    Replacement change{.start = node.valueOffset, .length = node.valueLength, .text = {}};
+    if (node.kind == XmlKind::Text) {
+        change.text = EscapeText(value);
+        return change;
     }
-    return made;
+    // Data that had none before it would become part of the target.
+    const bool touchesTarget = node.kind == XmlKind::ProcessingInstruction && !value.empty() &&
+                               node.valueOffset == node.nameOffset + node.nameLength;
+    change.text = touchesTarget ? L" " + value : value;
+    return change;
 }
 
-Replacement ReplaceAttribute(const XmlDocument& document, int32_t attribute,
-                             const std::wstring& value) {
-    const XmlAttribute& at = document.attributes[static_cast<size_t>(attribute)];
-    Replacement made{at.valueOffset, size_t{at.valueOffset} + at.valueLength, {}};
-    EscapeXmlAttribute(value, static_cast<wchar_t>(at.quote), made.text);
-    return made;
+std::vector<Replacement> ReplacementsInOrder(const XmlDocument& document) {
+    std::vector<Replacement> changes;
+    changes.reserve(document.nodeEdits.size() + document.attributeEdits.size());
+    for (const auto& [node, value] : document.nodeEdits) {
+        changes.push_back(ReplaceNode(document.nodes[static_cast<size_t>(node)], value));
+    }
+    for (const auto& [index, value] : document.attributeEdits) {
+        const XmlAttribute& attribute = document.attributes[static_cast<size_t>(index)];
+        changes.push_back({.start = attribute.valueOffset,
+                           .length = attribute.valueLength,
+                           .text = EscapeAttribute(value, static_cast<wchar_t>(attribute.quote))});
+    }
+    std::ranges::sort(changes, {}, &Replacement::start);
+    return changes;
 }
 
 }  // namespace
 
-std::wstring XmlDocument::Serialize() const {
-    std::vector<Replacement> replacements;
-    replacements.reserve(nodeEdits.size() + attributeEdits.size());
-    for (const auto& [node, value] : nodeEdits) {
-        replacements.push_back(ReplaceNode(*this, node, value));
+std::wstring WriteXml(const XmlDocument& document) {
+    const std::vector<Replacement> changes = ReplacementsInOrder(document);
+    size_t size = document.text.size();
+    for (const Replacement& change : changes) {
+        size += change.text.size() - change.length;  // the sum stays positive
     }
-    for (const auto& [attribute, value] : attributeEdits) {
-        replacements.push_back(ReplaceAttribute(*this, attribute, value));
-    }
-    std::ranges::sort(replacements, {}, &Replacement::begin);
     std::wstring out;
-    out.reserve(text.size());
-    size_t done = 0;
-    for (const Replacement& one : replacements) {
-        out.append(text, done, one.begin - done);
-        out += one.text;
-        done = one.end;
+    out.reserve(size);
+    size_t copied = 0;
+    for (const Replacement& change : changes) {
+        out.append(document.text, copied, change.start - copied);
+        out += change.text;
+        copied = size_t{change.start} + change.length;
     }
-    out.append(text, done, text.size() - done);
+    out.append(document.text, copied);
     return out;
+}
+
+std::wstring XmlDocument::Serialize() const {
+    return WriteXml(*this);
 }
 
 }  // namespace rl
