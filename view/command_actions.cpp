@@ -9,8 +9,7 @@
 
 namespace rl {
 
-// Commands of documents that can be changed, and of outlines, have no row here: nothing can be
-// changed and there are no outlines yet.
+// Commands of outlines have no row here: there are no outlines yet.
 bool Viewer::RunCommand(UINT id) {
     struct Route {
         Command command;
@@ -27,6 +26,10 @@ bool Viewer::RunCommand(UINT id) {
         {Command::ToggleLineNumbers, &Viewer::OnToggleLineNumbers},
         {Command::ToggleValuePane, &Viewer::OnToggleValuePane},
         {Command::ToggleEdit, &Viewer::OnToggleEdit},
+        {Command::Save, &Viewer::OnSave},
+        {Command::InsertRow, &Viewer::InsertRowBelow},
+        {Command::DeleteRows, &Viewer::DeleteSelectedRows},
+        {Command::DeleteColumn, &Viewer::DeleteCurrentColumn},
         {Command::ChooseFont, &Viewer::OnChooseFont},
         {Command::ChooseSourceFont, &Viewer::OnChooseFont},
         {Command::LocateInSource, &Viewer::OnLocateInSource},
@@ -34,6 +37,9 @@ bool Viewer::RunCommand(UINT id) {
     const CommandInfo* info = FindCommand(id);
     if (!loaded_ || info == nullptr) {
         return false;
+    }
+    if (!EndCellEdit(true)) {
+        return true;
     }
     for (const Route& route : kRoutes) {
         if (route.command == info->id) {
@@ -123,6 +129,10 @@ void Viewer::OnToggleValuePane(Command) {
 void Viewer::OnToggleEdit(Command) {
     editMode_ = !editMode_;
     UpdateStatusBar();
+}
+
+void Viewer::OnSave(Command) {
+    (void)SaveDocument();
 }
 
 void Viewer::ChooseTheme(int index) {

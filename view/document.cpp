@@ -17,6 +17,47 @@ const std::wstring& Document::Text() const {
                              : kNone;
 }
 
+std::wstring Document::Serialize() const {
+    return csv != nullptr    ? csv->Serialize()
+           : json != nullptr ? json->Serialize()
+           : xml != nullptr  ? xml->Serialize()
+                             : std::wstring();
+}
+
+void Document::ClearModified() {
+    if (csv != nullptr) {
+        csv->ClearModified();
+    } else if (json != nullptr) {
+        json->modified = false;
+    } else if (xml != nullptr) {
+        xml->modified = false;
+    }
+}
+
+std::wstring Document::ValueOf(int32_t modelRow, int32_t column) const {
+    return ShowsOutline() ? outline->FullValueText(modelRow)
+                          : rows->Model().CellText(modelRow, column);
+}
+
+bool Document::SetValue(int32_t modelRow, int32_t column, const std::wstring& text,
+                        std::wstring& reason) {
+    if (!rows->Model().IsCellEditable(modelRow, column)) {
+        return false;
+    }
+    if (csv != nullptr) {
+        csv->SetCellText(modelRow, column, text);
+        return true;
+    }
+    if (xml != nullptr) {
+        const XmlValueRef target =
+            ShowsOutline() ? outline->ValueRefOf(modelRow) : xmlTable->Cell(modelRow, column).ref;
+        return xml->SetValue(target, text, &reason);
+    }
+    const int32_t node =
+        ShowsOutline() ? outline->Row(modelRow).node : jsonTable->CellNode(modelRow, column);
+    return json->SetValue(node, text, &reason);
+}
+
 Document DocumentOf(detail::LoadedDoc& doc, bool delimiterDetected) {
     Document made;
     made.csv = std::move(doc.csvModel);

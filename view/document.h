@@ -35,12 +35,29 @@ struct Document {
 
     std::unique_ptr<RowView> rows;
 
+    // Edits were saved, but the text above is still the one that was loaded.
+    bool hasSavedEdits = false;
+
     [[nodiscard]] bool IsLoaded() const {
         return csv != nullptr || json != nullptr || xml != nullptr;
     }
     [[nodiscard]] bool IsModified() const;
     /// The text as it was loaded.
     [[nodiscard]] const std::wstring& Text() const;
+    /// The text as a save writes it.
+    [[nodiscard]] std::wstring Serialize() const;
+    /// Whether that is another text than the one loaded.
+    [[nodiscard]] bool TextIsOutdated() const { return IsModified() || hasSavedEdits; }
+    void ClearModified();
+
+    /// Whether the grid shows the outline, and not one of its nodes as a table.
+    [[nodiscard]] bool ShowsOutline() const {
+        return outline != nullptr && rows != nullptr && &rows->Model() == outline.get();
+    }
+    /// The whole value behind a cell that can be edited; the view may show it on one line.
+    [[nodiscard]] std::wstring ValueOf(int32_t modelRow, int32_t column) const;
+    /// Gives a cell another value. False, and perhaps a short reason, where the text does not fit.
+    bool SetValue(int32_t modelRow, int32_t column, const std::wstring& text, std::wstring& reason);
 };
 
 /// Takes over what a load has brought; nothing is shown of it yet.

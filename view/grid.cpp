@@ -98,6 +98,11 @@ void Grid::RowsChanged(bool keepScroll) {
     InvalidateRect(window_, nullptr, TRUE);
 }
 
+void Grid::TextsChanged() {
+    ForgetTexts();
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
 void Grid::RecomputeWidths() {
     if (view_ != nullptr) {
         ApplyColumns(Measure());

@@ -95,6 +95,8 @@ public:
     /// The rows of the view are others, or in another order. The current cell is left as it is:
     /// the caller knows where it went. Without `keepScroll` the first row comes into view.
     void RowsChanged(bool keepScroll);
+    /// Cells have other texts; rows and columns are the same.
+    void TextsChanged();
     /// Measures the columns again: after a change of font, dpi or content.
     void RecomputeWidths();
     [[nodiscard]] const RowView* View() const { return view_; }

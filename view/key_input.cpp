@@ -75,7 +75,7 @@ bool Viewer::RunKey(const KeyBinding& binding, const KeyPress& press) {
             return GetFocus() == grid_.Window() && !press.shift &&
                    grid_.Navigate(press.key, press.ctrl);
         case KeyAction::CopyAsPressed: CopyByKey(press.ctrl, press.shift); return true;
-        case KeyAction::BeginEdit: return true;  // no cell can be edited yet
+        case KeyAction::BeginEdit: BeginCellEdit(grid_.Current()); return true;
     }
     return false;
 }
@@ -85,6 +85,14 @@ Answer Viewer::OnKeyDown(WPARAM key) {
 }
 
 Answer Viewer::OnGridMessage(const Message& in) {
+    if (editor_.IsOpen()) {
+        if (KeepsGridFrom(in)) {
+            return 0;
+        }
+        if (in.id == WM_CTLCOLOREDIT) {
+            return OnEditorColors(in);
+        }
+    }
     return OnPartKey(in, KeyFocus::Grid);
 }
 

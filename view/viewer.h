@@ -24,6 +24,7 @@
 #include "load/load_worker.h"
 #include "load/loaded_doc.h"
 #include "load/text/document_kind.h"
+#include "view/cell_editor.h"
 #include "view/document.h"
 #include "view/filter_row.h"
 #include "view/fonts.h"
@@ -53,7 +54,8 @@ inline constexpr UINT kFocusRequest = WM_APP + 101;
 
 class Viewer final : public std::enable_shared_from_this<Viewer>,
                      private IGridListener,
-                     private IFilterRowListener {
+                     private IFilterRowListener,
+                     private ICellEditorListener {
 public:
     /// Opens a viewer for `path` inside `host`; `showFlags` as the host gave them. Returns at once:
     /// the document is read later. Null when the window cannot be made.
@@ -81,6 +83,13 @@ private:
 
     struct Menus {
         UniqueMenu context, encoding, delimiter, comments;
+    };
+
+    /// The cell whose text is being edited, and its value when that began.
+    struct EditedCell {
+        int viewRow = -1;
+        int dataColumn = -1;
+        std::wstring value;
     };
 
     /// Where the user is, whatever happens to the rows; -1 where there is nothing.
@@ -133,7 +142,25 @@ private:
     Answer OnLoadFinished();
     void Adopt(detail::LoadedDoc& doc);
     void FailLoad(const std::wstring& error);
+
+    // viewer_save.cpp
     bool AskToSave(SaveReason reason);
+    bool SaveDocument();
+    void RereadSaved(std::wstring text);
+
+    // viewer_edit.cpp
+    void BeginCellEdit(GridCell cell);
+    bool EndCellEdit(bool commit);
+    bool EndCellEdit(bool commit, bool takeFocus, std::wstring& reason);
+    void CloseCellEdit();
+    bool StoreTyped(std::wstring& reason);
+    bool KeepsGridFrom(const Message& in);
+    [[nodiscard]] Answer OnEditorColors(const Message& in);
+    void PlaceEditor();
+    void InsertRowBelow(Command command);
+    void DeleteSelectedRows(Command command);
+    void DeleteCurrentColumn(Command command);
+    void RefreshRows();
 
     // viewer_reload.cpp
     [[nodiscard]] UserPlace RememberPlace() const;
@@ -168,6 +195,7 @@ private:
     void OnToggleLineNumbers(Command command);
     void OnToggleValuePane(Command command);
     void OnToggleEdit(Command command);
+    void OnSave(Command command);
     void OnChooseFont(Command command);
     void ChooseTheme(int index);
 
@@ -221,12 +249,18 @@ private:
     Answer OnGridMessage(const Message& in) override;
     void OnHeaderClick(int gridColumn) override;
     void OnHeaderMenu() override;
+    bool OnCellPressed(GridClick click, GridCell cell) override;
     void OnCellClicked(GridClick click, GridCell cell) override;
 
     // IFilterRowListener, viewer_filter.cpp
     void OnFilterTyped(int gridColumn) override;
     Answer OnFilterBoxMessage(HWND box, const Message& in) override;
     std::shared_ptr<void> KeepAlive() override;
+
+    // ICellEditorListener, viewer_edit.cpp
+    void OnEditorLeft(EditorLeft how, HWND focus) override;
+    bool OnEditorCtrlKey(WPARAM key) override;
+    std::shared_ptr<void> KeepEditorAlive() override { return KeepAlive(); }
 
     HWND window_ = nullptr;         // null before its creation and after its end
     std::shared_ptr<Viewer> self_;  // the window's own reference
@@ -255,6 +289,10 @@ private:
     std::vector<Subclass> watches_;  // one for each child, see WatchChildren
 
     Document document_;
+    CellEditor editor_;
+    EditedCell edited_;        // while the editor is open
+    bool endingEdit_ = false;  // closing the editor takes its focus: that must not end it again
+    bool asking_ = false;      // the save question is on screen
     CellFinder finder_;
     int pendingFilter_ = -1;  // grid column whose filter waits for the typing to pause
     bool loaded_ = false;

@@ -69,6 +69,7 @@ void Viewer::ApplyFilter(int gridColumn) {
     if (dataColumn < 0 || document_.rows == nullptr) {
         return;
     }
+    CloseCellEdit();
     {
         const WaitCursor waiting;
         document_.rows->SetCaseSensitive(settings::IsOn(settings::kFilterCaseSensitive));
@@ -84,7 +85,7 @@ void Viewer::ApplyFilter(int gridColumn) {
 
 void Viewer::OnHeaderClick(int gridColumn) {
     const int dataColumn = grid_.DataColumn(gridColumn);
-    if (!loaded_ || dataColumn < 0 || document_.rows == nullptr) {
+    if (!loaded_ || dataColumn < 0 || document_.rows == nullptr || !EndCellEdit(true)) {
         return;
     }
     SortBy(gridColumn, NextSortDirection(dataColumn, document_.rows->SortColumn(),

@@ -7,7 +7,7 @@
 namespace rl {
 
 bool Viewer::Find(std::wstring_view text, int flags) {
-    if (!loaded_ || document_.rows == nullptr) {
+    if (!loaded_ || document_.rows == nullptr || !EndCellEdit(true)) {
         return false;
     }
     const FindRequest request{.text = text,

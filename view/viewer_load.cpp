@@ -90,9 +90,4 @@ void Viewer::FailLoad(const std::wstring& error) {
     }
 }
 
-// There is no way yet to modify a document.
-bool Viewer::AskToSave(SaveReason) {
-    return true;
-}
-
 }  // namespace rl

@@ -41,6 +41,7 @@ Answer Viewer::Handle(const Message& in) {
     switch (in.id) {
         case WM_SIZE: Relayout(); return 0;
         case WM_CLOSE: Close(); return 0;
+        case WM_DESTROY: editor_.Close(); return std::nullopt;
         case WM_ERASEBKGND: return OnEraseBackground(reinterpret_cast<HDC>(in.wparam));
         case WM_CTLCOLORSTATIC:
             return OnStaticColors(reinterpret_cast<HDC>(in.wparam),

@@ -95,7 +95,13 @@ void Viewer::MakeContent(Document& document) const {
 }
 
 void Viewer::ShowRows(const UserPlace& place) {
-    grid_.ShowTable(document_.rows.get(), GridStyle());
+    EndCellEdit(false);
+    try {
+        grid_.ShowTable(document_.rows.get(), GridStyle());
+    } catch (const std::exception&) {
+        grid_.ShowTable(nullptr, {});  // the rows before are about to go
+        throw;
+    }
     grid_.SetSortMark(grid_.GridColumnOf(document_.rows->SortColumn()),
                       document_.rows->SortDirection());
     RebuildFilterRow();
@@ -105,8 +111,8 @@ void Viewer::ShowRows(const UserPlace& place) {
     UpdateStatusBar();
 }
 
-// What `exchange` takes away stays with the caller, so that a second call brings it back.
-void Viewer::ShowInstead(const UserPlace& place, const std::function<void()>& exchange) {
+void Viewer::ReplaceRows(std::unique_ptr<RowView> rows) {
+    CloseCellEdit();
     const RedrawScope still(window_);
     const UserPlace before = RememberPlace();
     GridColumns columns = grid_.Columns();

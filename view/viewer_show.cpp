@@ -38,6 +38,10 @@ void Viewer::SwitchTab(ViewerTab tab) {
     if (!loaded_ || tab == tab_) {
         return;
     }
+    if (!EndCellEdit(true)) {
+        tabs_.Select(tab_);
+        return;
+    }
     tab_ = tab;
     tabs_.Select(tab);
     if (tab == ViewerTab::Source) {
@@ -48,8 +52,11 @@ void Viewer::SwitchTab(ViewerTab tab) {
 }
 
 void Viewer::FocusContent() {
-    const bool toSource = tab_ == ViewerTab::Source && source_.Window() != nullptr;
-    SetFocus(toSource ? source_.Window() : grid_.Window());
+    if (editor_.IsOpen()) {
+        SetFocus(editor_.Window());
+        return;
+    }
+    SetFocus(tab_ == ViewerTab::Source ? source_.Window() : grid_.Window());
 }
 
 void Viewer::UpdateValuePane() {
@@ -96,17 +103,27 @@ void Viewer::OnCurrentCellChanged() {
     UpdateStatusBar();
 }
 
+bool Viewer::OnCellPressed(GridClick, GridCell) {
+    return !EndCellEdit(true);
+}
+
 void Viewer::OnCellClicked(GridClick click, GridCell cell) {
-    if (click == GridClick::Single && IsKeyDown(VK_MENU)) {
+    if (click == GridClick::Double) {
+        BeginCellEdit(cell);
+    } else if (click == GridClick::Single && IsKeyDown(VK_MENU)) {
         OpenLinkIn(window_, grid_.CellText(cell.viewRow, cell.gridColumn));
     }
 }
 
 void Viewer::OnColumnsMoved() {
+    PlaceEditor();
     LayoutFilterRow();
 }
 
 void Viewer::OnFontStep(int direction) {
+    if (!EndCellEdit(true)) {
+        return;
+    }
     SetFontSize(settings_.font.points + direction);
 }
 

@@ -87,29 +87,31 @@ BOOL WINAPI FakeSize(HANDLE file, PLARGE_INTEGER size) {
     return current->sizeFails ? FALSE : GetFileSizeEx(file, size);
 }
 
-UINT_PTR WINAPI FakeSetTimer(HWND window, UINT_PTR id, UINT elapse, TIMERPROC procedure) {
-    current->timers.push_back({id, elapse});
-    return current->timersStandStill ? id : SetTimer(window, id, elapse, procedure);
+/// Notes the call; true when it is to fail.
+bool Fails(const char* function) {
+    current->writes.emplace_back(function);
+    SetLastError(ERROR_ACCESS_DENIED);
+    return current->failing.contains(function);
 }
 
-HDWP WINAPI FakeDefer(HDWP batch, HWND window, HWND after, int x, int y, int width, int height,
-                      UINT flags) {
-    const bool isFilterBox = GetDlgCtrlID(window) >= 2000;
-    return isFilterBox && current->filterBatchFails
-               ? nullptr
-               : DeferWindowPos(batch, window, after, x, y, width, height, flags);
+UINT WINAPI FakeTemporary(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name) {
+    return Fails("GetTempFileNameW") ? 0 : GetTempFileNameW(folder, prefix, unique, name);
 }
 
-// Memory that runs out at one moment: texts are measured in the middle of showing a table.
-bool nextAllocationFails = false;
-
-BOOL WINAPI FakeMeasure(HDC dc, LPCWSTR text, int length, LPSIZE size) {
-    nextAllocationFails |= std::exchange(current->memoryFailsAfterMeasuring, false);
-    return GetTextExtentPoint32W(dc, text, length, size);
+BOOL WINAPI FakeWrite(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD done, LPOVERLAPPED over) {
+    return Fails("WriteFile") ? FALSE : WriteFile(file, bytes, size, done, over);
 }
 
-void* FakeMalloc(size_t size) {
-    return std::exchange(nextAllocationFails, false) ? nullptr : std::malloc(size);
+BOOL WINAPI FakeFlush(HANDLE file) {
+    return Fails("FlushFileBuffers") ? FALSE : FlushFileBuffers(file);
+}
+
+BOOL WINAPI FakeReplace(LPCWSTR to, LPCWSTR from, LPCWSTR backup, DWORD flags, LPVOID a, LPVOID b) {
+    return Fails("ReplaceFileW") ? FALSE : ReplaceFileW(to, from, backup, flags, a, b);
+}
+
+BOOL WINAPI FakeMove(LPCWSTR from, LPCWSTR to, DWORD flags) {
+    return Fails("MoveFileExW") ? FALSE : MoveFileExW(from, to, flags);
 }
 
 HRESULT WINAPI FakeStyle(HWND window, LPCWSTR style, LPCWSTR) {
@@ -135,10 +137,11 @@ void InstallFakes(HMODULE module) {
     tools::PatchImport(module, "ReadFile", &FakeRead);
     tools::PatchImport(module, "GetFileSizeEx", &FakeSize);
     tools::PatchImport(module, "SetWindowTheme", &FakeStyle);
-    tools::PatchImport(module, "SetTimer", &FakeSetTimer);
-    tools::PatchImport(module, "DeferWindowPos", &FakeDefer);
-    tools::PatchImport(module, "GetTextExtentPoint32W", &FakeMeasure);
-    tools::PatchImport(module, "malloc", &FakeMalloc);
+    tools::PatchImport(module, "GetTempFileNameW", &FakeTemporary);
+    tools::PatchImport(module, "WriteFile", &FakeWrite);
+    tools::PatchImport(module, "FlushFileBuffers", &FakeFlush);
+    tools::PatchImport(module, "ReplaceFileW", &FakeReplace);
+    tools::PatchImport(module, "MoveFileExW", &FakeMove);
 }
 
 }  // namespace rl::test

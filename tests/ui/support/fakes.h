@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -59,6 +60,8 @@ struct Fakes {
     std::atomic<bool> sizeFails{false};      // every GetFileSizeEx
     std::atomic<int> readsUntilEnd{-1};  // ReadFile answers the end of the file when 0 is reached
     std::atomic<int> reads{0};           // how often ReadFile was called
+    std::set<std::string> failing;       // functions that write files and are to fail, by name
+    std::vector<std::string> writes;     // the functions that write files, as they were called
 };
 
 /// The set in use.

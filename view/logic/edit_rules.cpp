@@ -1,0 +1,30 @@
+#include "view/logic/edit_rules.h"
+
+#include <algorithm>
+
+namespace rl {
+
+EditStart PlanEditStart(const EditTarget& target) {
+    if (target.editMode && target.isCell && target.isEditable) {
+        return EditStart::Open;
+    }
+    const bool isAudible = target.editMode && target.kind != DocumentKind::Csv;
+    return isAudible ? EditStart::Refuse : EditStart::RefuseSilently;
+}
+
+bool MayChangeRows(DocumentKind kind, bool editMode) {
+    return editMode && kind == DocumentKind::Csv;
+}
+
+EditEnd PlanEditEnd(const EditorTexts& texts) {
+    if (texts.typed == texts.opened) {
+        return EditEnd::Cancel;
+    }
+    return texts.opened == texts.value ? EditEnd::Store : EditEnd::Refuse;
+}
+
+int32_t RowAfterDeletion(int32_t firstDeleted, int32_t rowsLeft) {
+    return std::min(firstDeleted, rowsLeft - 1);
+}
+
+}  // namespace rl
