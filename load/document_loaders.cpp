@@ -8,7 +8,7 @@
 #include "load/text/decode_text.h"
 #include "load/text/detect_encoding.h"
 #include "load/text/messages.h"
-#include "load/text/utf8_stream.h"
+#include "model/csv_scan.h"
 
 namespace rl {
 namespace {
@@ -83,6 +83,10 @@ std::unique_ptr<CsvModel> LoadCsv(const std::wstring& path, int64_t sizeLimit,
     std::wstring text;
     if (!ReadText(path, sizeLimit, request, abandoned, text, model->encoding, error) ||
         IsAbandoned(abandoned)) {
+        return nullptr;
+    }
+    if (text.size() > kMaxCsvUnits) {
+        error = messages::kTooLong;
         return nullptr;
     }
     if (model->Parse(std::move(text), options, abandoned)) {

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "load/text/abandon_check.h"
 #include "model/csv_dialect.h"
 #include "model/csv_model_state.h"
 #include "model/csv_scan.h"
@@ -97,8 +98,8 @@ bool CsvModel::Parse(std::wstring text, const CsvOptions& options, const Abandon
                              .splitComments = options.commentMode == CommentMode::Parse,
                              .rawComments = options.commentMode == CommentMode::DoNotParse};
     const CsvScanResult scan = ScanRecords(my.text, rules, my.records, abandoned);
-    if (scan.abandoned) {
-        return false;
+    if (scan.abandoned || IsAbandoned(abandoned)) {
+        return false;  // what follows looks at every record, but at no text
     }
     my.columnCount = static_cast<int32_t>(scan.columnCount);
     my.MarkTitles();

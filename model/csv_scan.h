@@ -31,8 +31,9 @@ struct CsvScanResult {
     bool operator==(const CsvScanResult&) const = default;
 };
 
-/// Texts of more units than this are not scanned: positions and row numbers have 31 bits.
-inline constexpr size_t kMaxCsvUnits = 0x7FFFFFFF;
+/// Texts of more units than this are not scanned: positions and row numbers have 31
+/// bits, and one more than the last of them must have as well.
+inline constexpr size_t kMaxCsvUnits = 0x7FFFFFFE;
 
 enum class CsvScanKernel { Plain, Sse2, Avx2 };
 

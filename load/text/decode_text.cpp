@@ -25,12 +25,18 @@ std::wstring DecodePage(std::string_view bytes, uint32_t codePage) {
                          : platform::DecodeCodePage(bytes, codePage).value_or(std::wstring());
 }
 
-std::wstring DecodeUtf16(std::string_view bytes, utf::ByteOrder order) {
+std::wstring DecodeUtf16(std::string_view bytes, utf::ByteOrder order,
+                         const AbandonCheck& abandoned) {
     const size_t units = bytes.size() / 2;
     std::wstring text;
-    text.resize_and_overwrite(units, [bytes, order, units](wchar_t* out, size_t) {
-        utf::BytesToUnits(bytes, order, out);
-        return units;  // the library may have offered more room than was asked for
+    text.resize_and_overwrite(units, [&](wchar_t* out, size_t) {
+        size_t done = 0;
+        while (done < units && !IsAbandoned(abandoned)) {
+            const std::string_view part = bytes.substr(done * 2, kStretch);
+            utf::BytesToUnits(part, order, out + done);
+            done += part.size() / 2;
+        }
+        return done;  // the library may have offered more room than was asked for
     });
     return text;
 }
@@ -110,10 +116,10 @@ std::wstring Complete(Utf8Head head) {
 std::wstring DecodeAs(std::string_view bytes, const TextEncoding& encoding,
                       const AbandonCheck& abandoned) {
     if (EqualAsciiCase(encoding.name, labels::kUtf16Le)) {
-        return DecodeUtf16(bytes, utf::ByteOrder::Little);
+        return DecodeUtf16(bytes, utf::ByteOrder::Little, abandoned);
     }
     if (EqualAsciiCase(encoding.name, labels::kUtf16Be)) {
-        return DecodeUtf16(bytes, utf::ByteOrder::Big);
+        return DecodeUtf16(bytes, utf::ByteOrder::Big, abandoned);
     }
     if (EqualAsciiCase(encoding.name, labels::kUtf8)) {
         return Complete(DecodeUtf8Head(bytes, abandoned));
@@ -140,6 +146,9 @@ std::wstring DecodeUnmarked(std::string_view bytes, const EncodingRequest& reque
         head.text);  // gives the room back before the other decoder asks for as much
     found.name = labels::kAnsi;
     found.codePage = AnsiPage(bytes, request);
+    if (IsAbandoned(abandoned)) {
+        return {};  // the system takes the bytes in one go
+    }
     return DecodePage(bytes, found.codePage);
 }
 

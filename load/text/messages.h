@@ -15,6 +15,7 @@ inline constexpr std::wstring_view kNotRead = L"The file could not be read.";
 inline constexpr std::wstring_view kNotLoaded = L"The file could not be loaded.";
 inline constexpr std::wstring_view kNotSaved = L"The file could not be saved.";
 inline constexpr std::wstring_view kNotReloaded = L"The file could not be reloaded.";
+inline constexpr std::wstring_view kTooLong = L"The file is too large for this plugin.";
 inline constexpr std::wstring_view kUnbalancedQuotes =
     L"The file could not be parsed (unbalanced quotes).";
 inline constexpr std::wstring_view kNotJson = L"Not a valid JSON document";

@@ -7,21 +7,9 @@
 #include <filesystem>
 #include <string>
 
+#include "tools/common/temp_folder.h"
+
 namespace rl::tools {
-
-/// A fresh folder under the system's temporary one; removed with its content at the end.
-class TempFolder {
-public:
-    TempFolder();
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-    ~TempFolder();
-
-    [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
 
 /// Writes the bytes as they are; false when the file cannot be written.
 bool WriteBytes(const std::filesystem::path& file, const std::string& bytes);

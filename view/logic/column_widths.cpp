@@ -80,7 +80,7 @@ private:
             const int32_t data = columns_.DataColumn(column);
             if (outline_ != nullptr && data == 0) {
                 MeasureOutlineName(viewRow, column);
-            } else {
+            } else if (AlignsDecimals() || !IsFull(column)) {
                 rows_.Model().ReadCell(rows_.ModelRow(viewRow), data, cell_);
                 MeasureCell(cell_, column);
             }
@@ -88,9 +88,12 @@ private:
     }
 
     void MeasureCell(const std::wstring& text, int32_t gridColumn) {
-        const int width = measure_(text);
-        Width(gridColumn) = std::max(Width(gridColumn), AddWidths(width, Pixels(kCellPadding)));
-        if (!sizing_.decimalAlign || outline_ != nullptr) {
+        int width = -1;  // not measured
+        if (!IsFull(gridColumn)) {
+            width = measure_(text);
+            Width(gridColumn) = std::max(Width(gridColumn), AddWidths(width, Pixels(kCellPadding)));
+        }
+        if (!AlignsDecimals()) {
             return;
         }
         const NumberText number = ClassifyNumber(text);
@@ -98,10 +101,21 @@ private:
             return;
         }
         const auto index = static_cast<size_t>(gridColumn);
-        const bool whole = number.integer.size() == text.size();
+        const bool isKnown = width >= 0 && number.integer.size() == text.size();
         out_.isNumeric[index] = true;
         out_.integerWidths[index] =
-            std::max(out_.integerWidths[index], whole ? width : measure_(number.integer));
+            std::max(out_.integerWidths[index], isKnown ? width : measure_(number.integer));
+    }
+
+    [[nodiscard]] bool AlignsDecimals() const {
+        return sizing_.decimalAlign && outline_ == nullptr;
+    }
+
+    /// Whether no cell can make the column wider. In an outline a limit hangs on another column.
+    [[nodiscard]] bool IsFull(int32_t gridColumn) {
+        const int cap = Pixels(sizing_.maxColumnWidth);
+        return outline_ == nullptr && columns_.GridCount() >= 2 && cap >= 1 &&
+               Width(gridColumn) >= std::max(cap, Pixels(kNarrowest));
     }
 
     void MeasureOutlineName(int32_t viewRow, int32_t gridColumn) {

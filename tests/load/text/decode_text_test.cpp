@@ -266,5 +266,29 @@ TEST(DecodeText, EndsEarlyWhenNobodyWaits) {
     EXPECT_GE(asked, 3);
 }
 
+TEST(DecodeText, PausesToAskInUtf16Too) {
+    const std::string bytes(size_t{9} << 20, 'x');
+    TextEncoding found;
+    int asked = 0;
+    const auto stopAtSecond = [&] { return ++asked == 2; };
+
+    const std::wstring whole = DecodeText(bytes + 'x', {.name = L"UTF-16LE"}, found);
+    const std::wstring part = DecodeText(bytes, {.name = L"UTF-16BE"}, found, stopAtSecond);
+
+    EXPECT_EQ(whole, std::wstring(bytes.size() / 2, L'\x7878'));
+    EXPECT_EQ(part, std::wstring(size_t{2} << 20, L'\x7878'));
+    EXPECT_EQ(asked, 2);
+}
+
+TEST(DecodeText, DoesNotBeginWithACodePageWhenNobodyWaits) {
+    TextEncoding found;
+    int asked = 0;
+
+    EXPECT_EQ(
+        DecodeText("\xE4 \xE4 text", {.ansiCodePage = 1252}, found, [&] { return ++asked >= 1; }),
+        L"");
+    EXPECT_GE(asked, 1);
+}
+
 }  // namespace
 }  // namespace rl

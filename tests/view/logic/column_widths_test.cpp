@@ -140,6 +140,33 @@ TEST(MeasureColumns, FetchesAndMeasuresEachSampledCellOnce) {
     EXPECT_EQ(ruler.calls, 3 + 9 + 2) << "headers, cells, integer parts of decimals";
 }
 
+TEST(MeasureColumns, MeasuresNoMoreInAColumnThatHasReachedItsLimit) {
+    const std::wstring wide(100, L'x');
+    const MemoryTable table({{wide, L"a"}, {L"abc", L"b"}, {wide, L"c"}, {L"1234", L"d"}});
+    const RowView rows(table, false);
+    for (const bool aligned : {false, true}) {
+        Ruler ruler;
+        const ColumnMetrics metrics =
+            MeasureColumns(rows, GridColumns(2, false), {.decimalAlign = aligned}, ruler.Measure());
+
+        EXPECT_EQ(metrics.widths, (Widths{300, 104}));
+        // Two headers, the first cell and all of the second column; and what numbers need.
+        EXPECT_EQ(ruler.calls, 2 + 1 + 4 + (aligned ? 1 : 0));
+        EXPECT_EQ(metrics.integerWidths[0], aligned ? 40 : 0);
+    }
+}
+
+TEST(MeasureColumns, MeasuresEveryCellOfAColumnWithoutALimit) {
+    const std::wstring wide(100, L'x');
+    const MemoryTable alone({{wide}, {wide + L"x"}});
+    Ruler ruler;
+    const RowView rows(alone, false);
+
+    const ColumnMetrics metrics = MeasureColumns(rows, GridColumns(1, false), {}, ruler.Measure());
+
+    EXPECT_EQ(metrics.widths, (Widths{1034}));
+}
+
 TEST(MeasureColumns, FindsTheWidestIntegerPartOfEachColumn) {
     const MemoryTable table(
         {{L"1.5", L"abc", L"1.000,5"}, {L"-22.25", L"+.5", L"1e5"}, {L" 3 ", L"5.", L"x"}});
