@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "load/text/decode_text.h"
 #include "model/node_copy.h"
+#include "tests/support/corpus.h"
 #include "tests/support/outline_text.h"
 #include "tests/support/parse_back.h"
 
@@ -14,6 +17,8 @@ namespace {
 
 using test::JsonOf;
 using test::XmlOf;
+
+constexpr int32_t kCheckedRows = 100;  // of each document
 
 /// Whether others accept what is copied of a row. A fragment is put where it may stand.
 void ExpectValidCopies(const TreeTableView& outline, int32_t row) {
@@ -32,7 +37,8 @@ void ExpectValidCopies(const TreeTableView& outline, int32_t row) {
 }
 
 void ExpectValidCopies(const TreeTableView& outline) {
-    for (int32_t row = 0; row < outline.RowCount(); ++row) {
+    const int32_t rows = std::min(outline.RowCount(), kCheckedRows);
+    for (int32_t row = 0; row < rows; ++row) {
         ExpectValidCopies(outline, row);
     }
 }
@@ -78,11 +84,42 @@ TEST(CopyIsValid, ForXmlHoweverBroken) {
     }
 }
 
-TEST(CopyIsValid, ForTheSharedDocuments) {
-    const std::filesystem::path corpus = "/work/shared/corpus";
-    if (!std::filesystem::exists(corpus)) {
-        GTEST_SKIP() << "no corpus";
+/// The files below a folder of the shared collection, decoded.
+template <typename Check>
+void ForEachText(const char* folder, const Check& check) {
+    for (const auto& file :
+         std::filesystem::recursive_directory_iterator(test::CorpusRoot() / folder)) {
+        if (file.is_regular_file()) {
+            SCOPED_TRACE(file.path().string());
+            TextEncoding encoding;
+            check(DecodeText(test::ReadBytes(file.path()), {}, encoding));
+        }
     }
+}
+
+TEST(CopyIsValid, ForTheSharedDocuments) {
+    if (!test::HasCorpus()) {
+        GTEST_SKIP();
+    }
+    constexpr int32_t kRows = 300;  // opened, of each document
+    int32_t documents = 0;
+    ForEachText("json", [&](std::wstring text) {
+        JsonDocument document;
+        if (document.Parse(std::move(text), false, true)) {
+            ++documents;
+            ExpectValidCopies(TreeTableView(document, kRows));
+        }
+    });
+    EXPECT_GT(documents, 100);
+    documents = 0;
+    ForEachText("xml", [&](std::wstring text) {
+        XmlDocument document;
+        if (document.Parse(std::move(text))) {
+            ++documents;
+            ExpectValidCopies(TreeTableView(document, kRows));
+        }
+    });
+    EXPECT_GT(documents, 100);
 }
 
 std::wstring Chain(int32_t count) {
