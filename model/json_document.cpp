@@ -1,9 +1,9 @@
 #include "model/json_document.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cwchar>
 #include <limits>
-#include <utility>
 
 #include "model/json_parser.h"
 #include "model/json_recovery.h"
@@ -13,14 +13,15 @@ namespace rl {
 
 namespace {
 
-/// Why a text cannot stand for a value of this kind; empty when it can.
-std::wstring_view RefusalOf(JsonKind kind, const std::wstring& text) {
+/// What is wrong with a text as the value of such a node; empty when nothing is.
+std::wstring_view Objection(JsonKind kind, std::wstring_view text) {
     switch (kind) {
         case JsonKind::Null: return text == L"null" ? L"" : L"USE null";
         case JsonKind::Boolean:
             return text == L"true" || text == L"false" ? L"" : L"USE true OR false";
         case JsonKind::Number:
-            return IsValidJsonNumber(text) && std::isfinite(std::wcstod(text.c_str(), nullptr))
+            return IsValidJsonNumber(text) &&
+                           std::isfinite(std::wcstod(std::wstring(text).c_str(), nullptr))
                        ? L""
                        : L"INVALID NUMBER";
         case JsonKind::String: return L"";
@@ -31,38 +32,41 @@ std::wstring_view RefusalOf(JsonKind kind, const std::wstring& text) {
 }  // namespace
 
 std::wstring_view TypeName(JsonKind kind) {
-    static constexpr std::wstring_view kNames[] = {L"NULL",   L"BOOLEAN", L"NUMBER",
-                                                   L"STRING", L"ARRAY",   L"OBJECT"};
-    const auto index = static_cast<size_t>(kind);
-    return index < std::size(kNames) ? kNames[index] : std::wstring_view();
+    switch (kind) {
+        case JsonKind::Null: return L"NULL";
+        case JsonKind::Boolean: return L"BOOLEAN";
+        case JsonKind::Number: return L"NUMBER";
+        case JsonKind::String: return L"STRING";
+        case JsonKind::Array: return L"ARRAY";
+        case JsonKind::Object: return L"OBJECT";
+    }
+    return L"";
 }
 
 bool JsonDocument::Parse(std::wstring newText, bool newLines, bool allowRecovery,
                          const AbandonCheck& abandoned) {
     text = std::move(newText);
-    nodes.clear();
-    edits.clear();
+    nodes = {};
     root = -1;
     salvaged = false;
-    modified = false;
     lines = newLines;
+    modified = false;
+    edits.clear();
     if (text.size() > std::numeric_limits<uint32_t>::max()) {
         return false;
     }
     if (lines) {
-        root = ParseJsonLines(text, nodes, abandoned) ? 0 : -1;
+        root = ParseJsonLines<wchar_t>(text, nodes, abandoned);
     } else {
-        root = ParseJsonValue(text, {0, text.size()}, -1, nodes, abandoned);
-        if (root < 0 && allowRecovery && !IsAbandoned(abandoned)) {
-            root = RecoverJsonBlocks(text, nodes, abandoned);
+        JsonParser<wchar_t> parser(text, false, nodes, abandoned);
+        root = parser.Parse(0, text.size(), -1);
+        if (root < 0 && allowRecovery && !parser.WasAbandoned()) {
+            root = SalvageJson(text, nodes, abandoned);
             salvaged = root >= 0;
         }
     }
-    if (IsAbandoned(abandoned)) {
-        root = -1;
-    }
     if (root < 0) {
-        std::vector<JsonNode>().swap(nodes);
+        nodes = {};
     }
     return root >= 0;
 }
@@ -77,21 +81,12 @@ std::wstring JsonDocument::KeyText(int32_t node) const {
     return key;
 }
 
-void JsonDocument::ReadKey(int32_t node, std::wstring& out) const {
-    const JsonNode& at = nodes[static_cast<size_t>(node)];
-    out.clear();
-    if (at.hasKey != 0) {
-        DecodeJsonString(std::wstring_view(text).substr(at.keyOffset, at.keyLength), out);
-    }
-}
-
 std::wstring JsonDocument::ValueText(int32_t node) const {
-    const auto edit = edits.find(node);
-    if (edit != edits.end()) {
+    if (const auto edit = edits.find(node); edit != edits.end()) {
         return edit->second;
     }
-    const JsonNode& at = nodes[static_cast<size_t>(node)];
-    return text.substr(at.valueOffset, at.valueLength);
+    const JsonNode& entry = nodes[static_cast<size_t>(node)];
+    return text.substr(entry.valueOffset, entry.valueLength);
 }
 
 std::wstring JsonDocument::DisplayText(int32_t node) const {
@@ -100,58 +95,66 @@ std::wstring JsonDocument::DisplayText(int32_t node) const {
     return shown;
 }
 
+void JsonDocument::ReadKey(int32_t node, std::wstring& out) const {
+    const JsonNode& entry = nodes[static_cast<size_t>(node)];
+    out.clear();
+    if (entry.hasKey != 0) {
+        AppendDecoded(std::wstring_view(text).substr(entry.keyOffset, entry.keyLength), out);
+    }
+}
+
 void JsonDocument::ReadDisplay(int32_t node, std::wstring& out) const {
-    const JsonNode& at = nodes[static_cast<size_t>(node)];
-    if (at.IsContainer()) {
-        out = at.kind == JsonKind::Array ? L"[Array]" : L"[Object]";
+    const JsonNode& entry = nodes[static_cast<size_t>(node)];
+    if (entry.IsContainer()) {
+        out = entry.kind == JsonKind::Array ? L"[Array]" : L"[Object]";
         return;
     }
     if (!edits.empty()) {
-        const auto edit = edits.find(node);
-        if (edit != edits.end()) {
+        if (const auto edit = edits.find(node); edit != edits.end()) {
             out = edit->second;
             return;
         }
     }
-    const std::wstring_view token = std::wstring_view(text).substr(at.valueOffset, at.valueLength);
-    if (at.kind == JsonKind::String) {
+    const auto value = std::wstring_view(text).substr(entry.valueOffset, entry.valueLength);
+    if (entry.kind == JsonKind::String) {
         out.clear();
-        DecodeJsonString(token, out);
+        AppendDecoded(value, out);
     } else {
-        out = token;
+        out = value;
     }
 }
 
 std::vector<int32_t> JsonDocument::ChildIndices(int32_t node) const {
     std::vector<int32_t> children;
-    if (node < 0) {
-        return children;
-    }
-    children.reserve(nodes[static_cast<size_t>(node)].childCount);
-    for (int32_t child = nodes[static_cast<size_t>(node)].firstChild; child >= 0;
-         child = nodes[static_cast<size_t>(child)].nextSibling) {
-        children.push_back(child);
+    if (node >= 0) {
+        const JsonNode& entry = nodes[static_cast<size_t>(node)];
+        children.reserve(entry.childCount);
+        for (int32_t child = entry.firstChild; child >= 0;
+             child = nodes[static_cast<size_t>(child)].nextSibling) {
+            children.push_back(child);
+        }
     }
     return children;
 }
 
 std::wstring JsonDocument::DecodeString(uint32_t offset, uint32_t length) const {
     std::wstring decoded;
-    DecodeJsonString(std::wstring_view(text).substr(offset, length), decoded);
+    if (offset < text.size()) {
+        AppendDecoded(std::wstring_view(text).substr(offset, length), decoded);
+    }
     return decoded;
 }
 
 bool JsonDocument::SetValue(int32_t node, std::wstring_view newText, std::wstring* errorText) {
-    std::wstring value(newText);
-    const std::wstring_view refusal = RefusalOf(nodes[static_cast<size_t>(node)].kind, value);
-    if (!refusal.empty()) {
+    const std::wstring_view objection = Objection(nodes[static_cast<size_t>(node)].kind, newText);
+    if (!objection.empty()) {
         if (errorText != nullptr) {
-            *errorText = refusal;
+            *errorText = objection;
         }
         return false;
     }
-    if (value != DisplayText(node)) {
-        edits[node] = std::move(value);
+    if (newText != DisplayText(node)) {
+        edits.insert_or_assign(node, std::wstring(newText));
         modified = true;
     }
     return true;

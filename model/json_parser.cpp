@@ -1,263 +1,363 @@
 #include "model/json_parser.h"
 
-#include <array>
+#include <algorithm>
 #include <limits>
-
-#include "model/json_text.h"
+#include <new>
 
 namespace rl {
 
 namespace {
 
-constexpr size_t kMaxNodes = static_cast<size_t>(std::numeric_limits<int32_t>::max());
-constexpr size_t kNodesBetweenQuestions = size_t{1} << 17;
+constexpr size_t kUncountedNodes = 4096;
+constexpr ptrdiff_t kAskEvery = ptrdiff_t{2} << 20;  // units
 
-bool IsBlank(wchar_t unit) {
-    return unit == L' ' || unit == L'\n' || unit == L'\r' || unit == L'\t';
+template <typename Unit>
+bool StartsWith(const Unit* at, const Unit* end, std::string_view word) {
+    if (end - at < static_cast<ptrdiff_t>(word.size())) {
+        return false;
+    }
+    for (const char letter : word) {
+        if (*at++ != static_cast<Unit>(letter)) {
+            return false;
+        }
+    }
+    return true;
 }
 
-class Parser {
-public:
-    Parser(std::wstring_view text, JsonRange range, std::vector<JsonNode>& nodes,
-           const AbandonCheck& abandoned)
-        : text_(text.substr(0, range.end)),
-          at_(range.begin),
-          nodes_(nodes),
-          abandoned_(abandoned) {}
+template <typename Unit>
+bool IsHexDigit(Unit unit) {
+    return detail::IsJsonDigit(unit) || ((unit | 0x20) >= 'a' && (unit | 0x20) <= 'f');
+}
 
-    /// -1 on failure.
-    int32_t ParseOnly(int32_t parent) {
-        const auto top = static_cast<int32_t>(nodes_.size());
-        SkipBlanks();
-        if (!ParseTree(parent)) {
-            return -1;
-        }
-        SkipBlanks();
-        return at_ == text_.size() ? top : -1;
+/// Past the comment that begins at `at`: a line's end is left, an open block takes all.
+template <typename Scan, typename Unit>
+const Unit* PastJsonComment(const Unit* at, const Unit* end) {
+    if (at[1] == '/') {
+        return Scan::PastLine(at + 2, end);
     }
-
-private:
-    /// An open container.
-    struct Level {
-        int32_t node;
-        int32_t lastChild;
-    };
-
-    struct Key {
-        size_t offset = 0;
-        size_t length = 0;
-    };
-
-    void SkipBlanks() { at_ = SkipJsonBlanks(text_, at_, text_.size()); }
-    [[nodiscard]] bool AtEnd() const { return at_ >= text_.size(); }
-
-    /// The top value and all below it. After each value the innermost container goes on or closes.
-    bool ParseTree(int32_t parent) {
-        if (!ParseValue(parent, {}, false)) {
-            return false;
+    for (at += 2; end - at >= 2; ++at) {
+        if (at[0] == '*' && at[1] == '/') {
+            return at + 2;
         }
-        while (depth_ > 0) {
-            if (!ParseMember()) {
-                return false;
-            }
-            while (depth_ > 0 && !memberFollows_) {
-                if (!FinishMember()) {
-                    return false;
-                }
-            }
-        }
-        return true;
     }
+    return end;
+}
 
-    /// A value at the cursor; a container that is not empty is left open, with a member to follow.
-    bool ParseValue(int32_t parent, Key key, bool hasKey) {
-        if (depth_ > kMaxJsonDepth || AtEnd() || nodes_.size() >= kMaxNodes) {
-            return false;
-        }
-        memberFollows_ = false;
-        const size_t start = at_;
-        JsonNode node;
-        if (!ParseToken(node.kind)) {
-            return false;
-        }
-        node.hasKey = hasKey ? 1 : 0;
-        node.keyOffset = static_cast<uint32_t>(key.offset);
-        node.keyLength = static_cast<uint32_t>(key.length);
-        node.valueOffset = static_cast<uint32_t>(start);
-        node.valueLength = static_cast<uint32_t>(at_ - start);
-        node.parent = parent;
-        if (nodes_.size() % kNodesBetweenQuestions == 0 && IsAbandoned(abandoned_)) {
-            return false;
-        }
-        nodes_.push_back(node);
-        return !node.IsContainer() || OpenContainer();
-    }
-
-    /// Moves behind a scalar or an opening bracket.
-    bool ParseToken(JsonKind& kind) {
-        size_t end = at_;
-        switch (text_[at_]) {
-            case L'{':
-                kind = JsonKind::Object;
-                end = at_ + 1;
-                break;
-            case L'[':
-                kind = JsonKind::Array;
-                end = at_ + 1;
-                break;
-            case L'"':
-                kind = JsonKind::String;
-                end = StringEnd(text_, at_);
-                break;
-            case L't':
-            case L'f':
-                kind = JsonKind::Boolean;
-                end = WordEnd(L"true", L"false");
-                break;
-            case L'n':
-                kind = JsonKind::Null;
-                end = WordEnd(L"null", L"null");
-                break;
-            default:
-                kind = JsonKind::Number;
-                end = NumberEnd(text_, at_);
-                break;
-        }
-        const bool found = end != at_;
-        at_ = end;
-        return found;
-    }
-
-    [[nodiscard]] size_t WordEnd(std::wstring_view word, std::wstring_view other) const {
-        const std::wstring_view rest = text_.substr(at_);
-        return rest.starts_with(word)    ? at_ + word.size()
-               : rest.starts_with(other) ? at_ + other.size()
-                                         : at_;
-    }
-
-    /// Behind an opening bracket: an empty container ends at once.
-    bool OpenContainer() {
-        const auto node = static_cast<int32_t>(nodes_.size()) - 1;
-        SkipBlanks();
-        if (!AtEnd() && text_[at_] == ClosingOf(node)) {
-            Close(node);
-            return true;
-        }
-        levels_[static_cast<size_t>(depth_)] = {node, -1};
-        ++depth_;
-        memberFollows_ = true;
-        return true;
-    }
-
-    /// A key where there must be one, and the value.
-    bool ParseMember() {
-        Level& level = levels_[static_cast<size_t>(depth_ - 1)];
-        Key key;
-        const bool keyed = nodes_[static_cast<size_t>(level.node)].kind == JsonKind::Object;
-        SkipBlanks();
-        if (keyed && !ParseKey(key)) {
-            return false;
-        }
-        const auto child = static_cast<int32_t>(nodes_.size());
-        if (!ParseValue(level.node, key, keyed)) {
-            return false;
-        }
-        LinkJsonChild(nodes_, level.node, level.lastChild, child);
-        level.lastChild = child;
-        return true;
-    }
-
-    bool ParseKey(Key& key) {
-        const size_t end = StringEnd(text_, at_);
-        if (end == at_) {
-            return false;
-        }
-        key = {at_, end - at_};
-        at_ = end;
-        SkipBlanks();
-        if (AtEnd() || text_[at_] != L':') {
-            return false;
-        }
-        ++at_;
-        SkipBlanks();
-        return true;
-    }
-
-    /// Behind a value of the innermost container: another one follows, or the container ends.
-    bool FinishMember() {
-        const int32_t node = levels_[static_cast<size_t>(depth_ - 1)].node;
-        SkipBlanks();
-        if (AtEnd()) {
-            return false;
-        }
-        if (text_[at_] == L',') {
-            ++at_;
-            SkipBlanks();
-            if (AtEnd() || text_[at_] != ClosingOf(node)) {
-                memberFollows_ = true;
-                return true;
-            }
-        }
-        if (text_[at_] != ClosingOf(node)) {
-            return false;
-        }
-        Close(node);
-        --depth_;
-        return true;
-    }
-
-    [[nodiscard]] wchar_t ClosingOf(int32_t node) const {
-        return nodes_[static_cast<size_t>(node)].kind == JsonKind::Object ? L'}' : L']';
-    }
-
-    void Close(int32_t node) {
-        ++at_;
-        JsonNode& closed = nodes_[static_cast<size_t>(node)];
-        closed.valueLength = static_cast<uint32_t>(at_ - closed.valueOffset);
-    }
-
-    std::wstring_view text_;
-    size_t at_;
-    std::vector<JsonNode>& nodes_;
-    const AbandonCheck& abandoned_;
-    std::array<Level, kMaxJsonDepth + 1> levels_{};
-    int32_t depth_ = 0;           // open containers
-    bool memberFollows_ = false;  // the innermost container waits for a member
-};
+template <typename Unit>
+bool IsCommentStart(const Unit* at, const Unit* end) {
+    return end - at >= 2 && at[0] == '/' && (at[1] == '/' || at[1] == '*');
+}
 
 }  // namespace
 
-size_t SkipJsonBlanks(std::wstring_view text, size_t at, size_t end) {
-    while (at < end) {
-        if (IsBlank(text[at])) {
-            ++at;
-            continue;
+template <typename Unit, typename Scan>
+JsonParser<Unit, Scan>::JsonParser(std::basic_string_view<Unit> text, bool lines,
+                                   std::vector<JsonNode>& nodes, const AbandonCheck& abandoned)
+    : base_(text.data()),
+      end_(base_ + text.size()),
+      textEnd_(end_),
+      askAt_(base_),
+      nodes_(nodes),
+      abandoned_(abandoned),
+      lines_(lines) {}
+
+template <typename Unit, typename Scan>
+int32_t JsonParser<Unit, Scan>::Parse(size_t from, size_t to, int32_t parent) {
+    const auto top = static_cast<int32_t>(nodes_.size());
+    end_ = base_ + to;
+    parent_ = parent;
+    depth_ = 0;
+    key_ = {};
+    for (const Unit* at = PastGap(base_ + from); at != end_;) {
+        if (at >= askAt_) [[unlikely]] {
+            AskWhetherAbandoned(at);
+            if (isAbandoned_) {
+                return -1;
+            }
         }
-        if (text[at] != L'/' || end - at < 2) {
-            return at;
+        const uint32_t before = depth_;
+        at = *at == '{' || *at == '[' ? Open(at) : Scalar(at);
+        if (at != nullptr && depth_ == before) {
+            at = AfterValue(at);
         }
-        if (text[at + 1] == L'/') {
-            at = text.substr(0, end).find(L'\n', at);
-        } else if (text[at + 1] == L'*') {
-            at = text.substr(0, end).find(L"*/", at + 2);
-            at = at == std::wstring_view::npos ? at : at + 2;
-        } else {
-            return at;
+        if (at == nullptr) {
+            return -1;
         }
-        at = at == std::wstring_view::npos ? end : at;
+        if (depth_ == 0) {
+            return PastGap(at) == end_ ? top : -1;
+        }
+    }
+    return -1;
+}
+
+template <typename Unit, typename Scan>
+inline const Unit* JsonParser<Unit, Scan>::PastGap(const Unit* at) const {
+    if (at != end_ && *at > ' ' && *at != '/') [[likely]] {
+        return at;
+    }
+    for (at = Scan::PastBlanks(at, end_); IsCommentStart(at, end_);) {
+        at = Scan::PastBlanks(PastJsonComment<Scan>(at, end_), end_);
     }
     return at;
 }
 
-int32_t ParseJsonValue(std::wstring_view text, JsonRange range, int32_t parent,
-                       std::vector<JsonNode>& nodes, const AbandonCheck& abandoned) {
-    return Parser(text, range, nodes, abandoned).ParseOnly(parent);
+/// Past the string that must begin at `at`; null when it does not, or does not end.
+template <typename Unit, typename Scan>
+inline const Unit* JsonParser<Unit, Scan>::PastString(const Unit* at) const {
+    if (at == end_ || *at != '"') {
+        return nullptr;
+    }
+    for (++at;;) {
+        at = Scan::PastStringText(at, end_);
+        if (at == end_) {
+            return nullptr;
+        }
+        if (*at == '"') {
+            return at + 1;
+        }
+        if (end_ - at < 2) {
+            return nullptr;
+        }
+        if (at[1] == 'u') {
+            if (end_ - at < 6 || !std::all_of(at + 2, at + 6, IsHexDigit<Unit>)) {
+                return nullptr;
+            }
+            at += 4;
+        }
+        at += 2;
+    }
 }
 
-void LinkJsonChild(std::vector<JsonNode>& nodes, int32_t parent, int32_t last, int32_t child) {
-    JsonNode& above = nodes[static_cast<size_t>(parent)];
-    (last < 0 ? above.firstChild : nodes[static_cast<size_t>(last)].nextSibling) = child;
-    ++above.childCount;
+/// To the value of the next member of the innermost container, its key read when it has one.
+template <typename Unit, typename Scan>
+inline const Unit* JsonParser<Unit, Scan>::Member(const Unit* at) {
+    if (frames_[depth_ - 1].closer == ']') {
+        return at;
+    }
+    const Unit* const past = PastString(at);
+    if (past == nullptr) {
+        return nullptr;
+    }
+    key_ = {static_cast<uint32_t>(at - base_), static_cast<uint32_t>(past - at)};
+    at = PastGap(past);
+    return at != end_ && *at == ':' ? PastGap(at + 1) : nullptr;
 }
+
+/// Past a value without members; null when there is none.
+template <typename Unit, typename Scan>
+inline const Unit* JsonParser<Unit, Scan>::Scalar(const Unit* at) {
+    JsonKind kind = JsonKind::Null;
+    const Unit* past = nullptr;
+    switch (*at) {
+        case '"':
+            kind = JsonKind::String;
+            past = PastString(at);
+            break;
+        case 't':
+        case 'f':
+            kind = JsonKind::Boolean;
+            past = StartsWith(at, end_, "true")    ? at + 4
+                   : StartsWith(at, end_, "false") ? at + 5
+                                                   : nullptr;
+            break;
+        case 'n': past = StartsWith(at, end_, "null") ? at + 4 : nullptr; break;
+        default:
+            kind = JsonKind::Number;
+            past = detail::PastNumber<Scan>(at, end_);
+            break;
+    }
+    if (past != nullptr) {
+        Append(kind, at, past);
+    }
+    return past;
+}
+
+/// Past an empty container, or to the first value inside another, which is then open.
+template <typename Unit, typename Scan>
+inline const Unit* JsonParser<Unit, Scan>::Open(const Unit* at) {
+    const auto closer = static_cast<Unit>(*at + 2);
+    const auto node = static_cast<int32_t>(nodes_.size());
+    Append(closer == ']' ? JsonKind::Array : JsonKind::Object, at, at);
+    at = PastGap(at + 1);
+    if (at != end_ && *at == closer) {
+        JsonNode& empty = nodes_.back();
+        empty.valueLength = static_cast<uint32_t>(at + 1 - base_) - empty.valueOffset;
+        return at + 1;
+    }
+    if (depth_ == kMaxJsonDepth) {
+        return nullptr;  // whatever stands in there is too deep
+    }
+    frames_[depth_++] = {node, -1, 0, closer};
+    key_ = {};
+    return Member(at);
+}
+
+/// From the end of a value to the start of the next one, closing what ends between them; null on
+/// anything else, and the end of the top value when nothing is open any more.
+template <typename Unit, typename Scan>
+inline const Unit* JsonParser<Unit, Scan>::AfterValue(const Unit* at) {
+    while (depth_ > 0) {
+        const Unit closer = frames_[depth_ - 1].closer;
+        at = PastGap(at);
+        if (at == end_) {
+            return nullptr;
+        }
+        if (*at == ',') {
+            at = PastGap(at + 1);
+            if (at == end_ || *at != closer) {
+                return Member(at);
+            }
+        }
+        if (*at != closer) {
+            return nullptr;
+        }
+        Close(++at);
+    }
+    return at;
+}
+
+template <typename Unit, typename Scan>
+inline void JsonParser<Unit, Scan>::Close(const Unit* past) {
+    const Frame& frame = frames_[--depth_];
+    JsonNode& node = nodes_[static_cast<size_t>(frame.node)];
+    node.valueLength = static_cast<uint32_t>(past - base_) - node.valueOffset;
+    node.childCount = frame.count;
+    if (depth_ > 0 && frames_[depth_ - 1].closer == ']') {
+        key_ = {};
+    }
+}
+
+template <typename Unit, typename Scan>
+inline void JsonParser<Unit, Scan>::Append(JsonKind kind, const Unit* at, const Unit* past) {
+    if (nodes_.size() == nodes_.capacity()) [[unlikely]] {
+        Grow(at);
+    }
+    const auto index = static_cast<int32_t>(nodes_.size());
+    JsonNode node{.kind = kind,
+                  .hasKey = static_cast<uint8_t>(key_.length != 0),
+                  .keyOffset = key_.offset,
+                  .keyLength = key_.length,
+                  .valueOffset = static_cast<uint32_t>(at - base_),
+                  .valueLength = static_cast<uint32_t>(past - at),
+                  .parent = parent_};
+    if (depth_ > 0) {
+        Frame& frame = frames_[depth_ - 1];
+        node.parent = frame.node;
+        if (frame.last < 0) {
+            nodes_[static_cast<size_t>(frame.node)].firstChild = index;
+        } else {
+            nodes_[static_cast<size_t>(frame.last)].nextSibling = index;
+        }
+        frame.last = index;
+        ++frame.count;
+    }
+    nodes_.push_back(node);
+}
+
+/// Makes room: some at first, then for the whole text, then, in a text that turns out to be none or
+/// is read in pieces, more and more. Nothing before `at` is counted.
+template <typename Unit, typename Scan>
+void JsonParser<Unit, Scan>::Grow(const Unit* at) {
+    const size_t size = nodes_.size();
+    if (size >= size_t{std::numeric_limits<int32_t>::max()}) {
+        throw std::bad_alloc();
+    }
+    if (size < kUncountedNodes) {
+        nodes_.reserve(std::max<size_t>(16, size * 4));
+    } else if (!isCounted_) {
+        isCounted_ = true;
+        nodes_.reserve(size + CountJsonNodes<Unit, Scan>(at, lines_ ? textEnd_ : end_, lines_));
+    }
+    if (nodes_.size() == nodes_.capacity()) {
+        nodes_.reserve(size + size / 2);
+    }
+}
+
+template <typename Unit, typename Scan>
+void JsonParser<Unit, Scan>::AskWhetherAbandoned(const Unit* at) {
+    isAbandoned_ = IsAbandoned(abandoned_);
+    askAt_ = textEnd_ - at > kAskEvery ? at + kAskEvery : textEnd_;
+}
+
+namespace {
+
+/// Counts what begins outside strings and comments: every token that is a value, and strings less
+/// those that a colon makes keys of.
+template <typename Unit, typename Scan>
+class JsonNodeCounter {
+public:
+    JsonNodeCounter(const Unit* end, bool lines) : end_(end), lines_(lines) {}
+
+    size_t Count(const Unit* at) {
+        while (at != end_) {
+            at = Token(at);
+        }
+        return starts_ > colons_ ? starts_ - colons_ : 0;
+    }
+
+private:
+    const Unit* Token(const Unit* at) {
+        switch (*at) {
+            case ' ':
+            case '\t':
+            case '\r':
+            case '\n': return Scan::PastBlanks(at + 1, end_);
+            case '"': ++starts_; return PastString(at + 1);
+            case ':': ++colons_; return at + 1;
+            case '/': return PastComment(at);
+            case '{':
+            case '[': ++starts_; return at + 1;
+            case ',':
+            case '}':
+            case ']': return at + 1;
+            default: ++starts_; return PastWord(at + 1);
+        }
+    }
+
+    const Unit* PastString(const Unit* at) const {
+        for (;;) {
+            at = Scan::PastStringText(at, end_);
+            if (at == end_ || *at == '"') {
+                return at == end_ ? at : at + 1;
+            }
+            at += end_ - at < 2 ? 1 : 2;
+        }
+    }
+
+    const Unit* PastWord(const Unit* at) const {
+        while (at != end_ && *at > ' ' && *at != ',' && *at != ']' && *at != '}' && *at != '/') {
+            ++at;
+        }
+        return at;
+    }
+
+    const Unit* PastComment(const Unit* at) const {
+        if (!IsCommentStart(at, end_)) {
+            return at + 1;
+        }
+        return PastJsonComment<Scan>(at, lines_ ? Scan::PastLine(at, end_) : end_);
+    }
+
+    const Unit* const end_;
+    const bool lines_;
+    size_t starts_ = 0;
+    size_t colons_ = 0;
+};
+
+}  // namespace
+
+template <typename Unit, typename Scan>
+size_t CountJsonNodes(const Unit* at, const Unit* end, bool lines) {
+    return JsonNodeCounter<Unit, Scan>(end, lines).Count(at);
+}
+
+template class JsonParser<char16_t, detail::JsonScanPlain>;
+template class JsonParser<char16_t, detail::JsonScanSse2>;
+template class JsonParser<wchar_t>;
+template size_t CountJsonNodes<char16_t, detail::JsonScanPlain>(const char16_t*, const char16_t*,
+                                                                bool);
+template size_t CountJsonNodes<char16_t, detail::JsonScanSse2>(const char16_t*, const char16_t*,
+                                                               bool);
+template size_t CountJsonNodes<wchar_t>(const wchar_t*, const wchar_t*, bool);
 
 }  // namespace rl

@@ -1,49 +1,50 @@
 #include "model/json_recovery.h"
 
-#include <cstddef>
-
 #include "model/json_parser.h"
 
 namespace rl {
 
 namespace {
 
-constexpr std::wstring_view kLineBlanks = L" \t\r\n";
-
-void StartWithArray(std::vector<JsonNode>& nodes) {
-    nodes.clear();
-    nodes.push_back({.kind = JsonKind::Array});
-}
-
-/// The line without blanks at both ends.
-JsonRange Trim(std::wstring_view text, size_t begin, size_t end) {
-    const std::wstring_view line = text.substr(begin, end - begin);
-    const size_t first = line.find_first_not_of(kLineBlanks);
-    if (first == std::wstring_view::npos) {
-        return {begin, begin};
+/// Links values as the children of node 0, which it appends.
+class JsonGathering {
+public:
+    explicit JsonGathering(std::vector<JsonNode>& nodes) : nodes_(nodes) {
+        nodes_.assign(1, JsonNode{.kind = JsonKind::Array});
     }
-    return {begin + first, begin + line.find_last_not_of(kLineBlanks) + 1};
-}
 
-/// The end of the block that opens at `begin`, whatever the kinds of its brackets; npos when the
-/// text ends first.
-size_t BlockEnd(std::wstring_view text, size_t begin) {
-    size_t depth = 0;
+    void Add(int32_t node) {
+        if (last_ < 0) {
+            nodes_.front().firstChild = node;
+        } else {
+            nodes_[static_cast<size_t>(last_)].nextSibling = node;
+        }
+        last_ = node;
+        ++nodes_.front().childCount;
+    }
+
+private:
+    std::vector<JsonNode>& nodes_;
+    int32_t last_ = -1;
+};
+
+/// Past the block that opens at `from`, whatever kinds its brackets are of; npos when it is open.
+size_t BlockEnd(std::wstring_view text, size_t from) {
     bool inString = false;
-    for (size_t at = begin; at < text.size(); ++at) {
+    size_t depth = 0;
+    for (size_t at = from; at < text.size(); ++at) {
         const wchar_t unit = text[at];
         if (inString) {
-            if (unit == L'\\') {
-                ++at;
-            } else if (unit == L'"') {
-                inString = false;
-            }
+            at += unit == L'\\' ? 1 : 0;
+            inString = unit != L'"';
         } else if (unit == L'"') {
             inString = true;
         } else if (unit == L'{' || unit == L'[') {
             ++depth;
-        } else if ((unit == L'}' || unit == L']') && --depth == 0) {
-            return at + 1;
+        } else if (unit == L'}' || unit == L']') {
+            if (--depth == 0) {
+                return at + 1;
+            }
         }
     }
     return std::wstring_view::npos;
@@ -51,53 +52,65 @@ size_t BlockEnd(std::wstring_view text, size_t begin) {
 
 }  // namespace
 
-bool ParseJsonLines(std::wstring_view text, std::vector<JsonNode>& nodes,
-                    const AbandonCheck& abandoned) {
-    StartWithArray(nodes);
-    int32_t last = -1;
-    for (size_t begin = 0; begin < text.size();) {
-        size_t end = text.find(L'\n', begin);
-        end = end == std::wstring_view::npos ? text.size() : end;
-        const JsonRange line = Trim(text, begin, end);
-        begin = end + 1;
-        if (line.begin == line.end) {
-            continue;
+template <typename Unit>
+int32_t ParseJsonLines(std::basic_string_view<Unit> text, std::vector<JsonNode>& nodes,
+                       const AbandonCheck& abandoned) {
+    JsonGathering gathering(nodes);
+    JsonParser<Unit> parser(text, true, nodes, abandoned);
+    const Unit* const base = text.data();
+    const Unit* const end = base + text.size();
+    for (const Unit* line = base; line != end;) {
+        const Unit* const lineEnd = detail::JsonScan<Unit>::PastLine(line, end);
+        const Unit* past = lineEnd;
+        while (line != past && detail::IsJsonBlank(*line)) {
+            ++line;
         }
-        const int32_t value = ParseJsonValue(text, line, 0, nodes, abandoned);
-        if (value < 0) {
-            return false;
+        while (past != line && detail::IsJsonBlank(past[-1])) {
+            --past;
         }
-        LinkJsonChild(nodes, 0, last, value);
-        last = value;
+        if (line != past) {
+            const int32_t node =
+                parser.Parse(static_cast<size_t>(line - base), static_cast<size_t>(past - base), 0);
+            if (node < 0) {
+                return -1;
+            }
+            gathering.Add(node);
+        }
+        line = lineEnd == end ? end : lineEnd + 1;
     }
-    return last >= 0;
+    return nodes.size() > 1 ? 0 : -1;
 }
 
-int32_t RecoverJsonBlocks(std::wstring_view text, std::vector<JsonNode>& nodes,
-                          const AbandonCheck& abandoned) {
-    StartWithArray(nodes);
-    int32_t last = -1;
-    for (size_t at = text.find_first_of(L"{["); at != std::wstring_view::npos;
-         at = text.find_first_of(L"{[", at)) {
-        const size_t end = BlockEnd(text, at);
-        if (end == std::wstring_view::npos || IsAbandoned(abandoned)) {
+int32_t SalvageJson(std::wstring_view text, std::vector<JsonNode>& nodes,
+                    const AbandonCheck& abandoned) {
+    JsonGathering gathering(nodes);
+    JsonParser<wchar_t> parser(text, false, nodes, abandoned);
+    for (size_t at = text.find_first_of(L"{["); at != std::wstring_view::npos;) {
+        const size_t past = BlockEnd(text, at);
+        if (past == std::wstring_view::npos) {
             break;
         }
         const size_t before = nodes.size();
-        const int32_t block = ParseJsonValue(text, {at, end}, 0, nodes, abandoned);
-        at = end;
-        if (block < 0) {
-            nodes.resize(before);
-            continue;
+        const int32_t node = parser.Parse(at, past, 0);
+        if (parser.WasAbandoned()) {
+            return -1;
         }
-        LinkJsonChild(nodes, 0, last, block);
-        last = block;
+        if (node < 0) {
+            nodes.resize(before);
+        } else {
+            gathering.Add(node);
+        }
+        at = text.find_first_of(L"{[", past);
     }
-    if (nodes[0].childCount != 1) {
-        return last < 0 ? -1 : 0;
+    if (nodes.front().childCount != 1) {
+        return nodes.front().childCount > 0 ? 0 : -1;
     }
-    nodes[static_cast<size_t>(last)].parent = -1;
-    return last;
+    const int32_t only = nodes.front().firstChild;
+    nodes[static_cast<size_t>(only)].parent = -1;
+    return only;
 }
+
+template int32_t ParseJsonLines(std::wstring_view, std::vector<JsonNode>&, const AbandonCheck&);
+template int32_t ParseJsonLines(std::u16string_view, std::vector<JsonNode>&, const AbandonCheck&);
 
 }  // namespace rl

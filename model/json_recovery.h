@@ -1,6 +1,6 @@
-// Two ways to read a text that is not one JSON document: line by line, and by its balanced blocks.
+// What can be read of a text that is not one JSON value: its lines, or its balanced blocks.
 //
-// Both gather what they read below a synthetic array, node 0.
+// Both gather the values below a synthetic array, node 0.
 #pragma once
 
 #include <cstdint>
@@ -12,13 +12,15 @@
 
 namespace rl {
 
-/// One value a line, blank lines skipped. False when some line holds none or there is no value.
-[[nodiscard]] bool ParseJsonLines(std::wstring_view text, std::vector<JsonNode>& nodes,
-                                  const AbandonCheck& abandoned);
+/// One value a line, blank lines aside. Answers with the root, or with -1 when any line is no value
+/// or none is there.
+template <typename Unit>
+[[nodiscard]] int32_t ParseJsonLines(std::basic_string_view<Unit> text,
+                                     std::vector<JsonNode>& nodes, const AbandonCheck& abandoned);
 
-/// Every `{...}` and `[...]` that parses by itself. The root: the only block, else the synthetic
-/// array; -1 when there is none.
-[[nodiscard]] int32_t RecoverJsonBlocks(std::wstring_view text, std::vector<JsonNode>& nodes,
-                                        const AbandonCheck& abandoned);
+/// Every balanced block that is a value; what lies between and within broken ones is passed over.
+/// Answers with the root, the block itself when there is but one, or with -1.
+[[nodiscard]] int32_t SalvageJson(std::wstring_view text, std::vector<JsonNode>& nodes,
+                                  const AbandonCheck& abandoned);
 
 }  // namespace rl

@@ -1,106 +1,193 @@
-// A JSON document as text again: compact, indented, and whole for saving. Walks without recursion.
-#include <cstddef>
+#include "model/json_writer.h"
 
-#include "model/json_document.h"
+#include <algorithm>
+#include <string_view>
+
 #include "model/json_text.h"
 
 namespace rl {
 
 namespace {
 
-constexpr std::wstring_view kLineBreak = L"\r\n";
-
-/// Writes one value and all below it, going down and up along the nodes' own links.
-class Writer {
+class SizeSink {
 public:
-    Writer(const JsonDocument& document, std::wstring& out, bool pretty, int32_t level)
-        : document_(document), out_(out), pretty_(pretty), level_(level) {}
+    void Put(wchar_t) { ++size_; }
+    void Put(std::wstring_view text) { size_ += text.size(); }
+    void PutBlanks(size_t count) { size_ += count; }
+    [[nodiscard]] size_t Size() const { return size_; }
 
-    void Write(int32_t top) {
-        int32_t node = top;
-        while (true) {
-            Begin(node);
-            const JsonNode& at = NodeAt(node);
-            if (at.firstChild >= 0) {
-                node = at.firstChild;
-                BeginMember(node);
-                continue;
+private:
+    size_t size_ = 0;
+};
+
+class MemorySink {
+public:
+    explicit MemorySink(wchar_t* at) : at_(at) {}
+    void Put(wchar_t unit) { *at_++ = unit; }
+    void Put(std::wstring_view text) { at_ = std::copy(text.begin(), text.end(), at_); }
+    void PutBlanks(size_t count) { at_ = std::fill_n(at_, count, L' '); }
+
+private:
+    wchar_t* at_;
+};
+
+template <typename Sink>
+class JsonWriter {
+public:
+    JsonWriter(const JsonDocument& document, JsonLayout layout, Sink& sink)
+        : document_(document), isPretty_(layout == JsonLayout::Pretty), sink_(sink) {}
+
+    void Write(int32_t top, int32_t level) {
+        level_ = static_cast<size_t>(std::max(level, 0));
+        for (int32_t node = top;;) {
+            const JsonNode& entry = Node(node);
+            if (entry.firstChild >= 0) {
+                sink_.Put(entry.kind == JsonKind::Array ? L'[' : L'{');
+                ++level_;
+                node = entry.firstChild;
+            } else {
+                PutLeaf(node, entry);
+                node = Climb(node, top);
+                if (node < 0) {
+                    return;
+                }
+                sink_.Put(L',');
             }
-            while (node != top && NodeAt(node).nextSibling < 0) {
-                node = NodeAt(node).parent;
-                End(node);
+            PutBreak();
+            PutKey(Node(node));
+        }
+    }
+
+    /// The children alone, a line each.
+    void WriteLines(int32_t parent) {
+        for (int32_t child = Node(parent).firstChild; child >= 0;) {
+            Write(child, 0);
+            child = Node(child).nextSibling;
+            if (child >= 0) {
+                sink_.Put(std::wstring_view(L"\r\n"));
             }
-            if (node == top) {
-                return;
-            }
-            node = NodeAt(node).nextSibling;
-            out_ += L',';
-            BeginMember(node);
         }
     }
 
 private:
-    [[nodiscard]] const JsonNode& NodeAt(int32_t node) const {
-        return document_.nodes[static_cast<size_t>(node)];
-    }
+    const JsonNode& Node(int32_t node) const { return document_.nodes[static_cast<size_t>(node)]; }
 
-    void BreakLine() {
-        if (pretty_) {
-            out_ += kLineBreak;
-            out_.append(2 * static_cast<size_t>(level_), L' ');
-        }
-    }
-
-    void BeginMember(int32_t node) {
-        BreakLine();
-        if (NodeAt(NodeAt(node).parent).kind == JsonKind::Object) {
-            document_.ReadKey(node, scratch_);
-            EscapeJsonString(scratch_, out_);
-            out_ += pretty_ ? L": " : L":";
-        }
-    }
-
-    void Begin(int32_t node) {
-        const JsonNode& at = NodeAt(node);
-        if (at.IsContainer()) {
-            const bool isArray = at.kind == JsonKind::Array;
-            out_ += isArray ? L'[' : L'{';
-            if (at.firstChild >= 0) {
-                ++level_;
-            } else {
-                out_ += isArray ? L']' : L'}';
+    /// Closes what ends with `node` and answers with what comes next; -1 when `top` itself ended.
+    int32_t Climb(int32_t node, int32_t top) {
+        while (node != top) {
+            const JsonNode& entry = Node(node);
+            if (entry.nextSibling >= 0) {
+                return entry.nextSibling;
             }
+            node = entry.parent;
+            --level_;
+            PutBreak();
+            sink_.Put(Node(node).kind == JsonKind::Array ? L']' : L'}');
+        }
+        return -1;
+    }
+
+    void PutBreak() {
+        if (isPretty_) {
+            sink_.Put(L'\r');
+            sink_.Put(L'\n');
+            sink_.PutBlanks(2 * level_);
+        }
+    }
+
+    void PutKey(const JsonNode& entry) {
+        if (entry.hasKey != 0) {
+            PutToken(entry.keyOffset, entry.keyLength);
+            sink_.Put(L':');
+            if (isPretty_) {
+                sink_.Put(L' ');
+            }
+        }
+    }
+
+    void PutToken(uint32_t offset, uint32_t length) {
+        const auto token = std::wstring_view(document_.text).substr(offset, length);
+        if (IsCanonicalToken(token)) {
+            sink_.Put(token);
             return;
         }
-        document_.ReadDisplay(node, scratch_);
-        if (at.kind == JsonKind::String) {
-            EscapeJsonString(scratch_, out_);
-        } else {
-            out_ += scratch_;
-        }
+        decoded_.clear();
+        AppendDecoded(token, decoded_);
+        PutEscaped(decoded_);
     }
 
-    void End(int32_t node) {
-        --level_;
-        BreakLine();
-        out_ += NodeAt(node).kind == JsonKind::Array ? L']' : L'}';
+    void PutEscaped(std::wstring_view text) {
+        escaped_.clear();
+        AppendEscaped(text, escaped_);
+        sink_.Put(std::wstring_view(escaped_));
+    }
+
+    void PutLeaf(int32_t node, const JsonNode& entry) {
+        if (entry.IsContainer()) {
+            sink_.Put(std::wstring_view(entry.kind == JsonKind::Array ? L"[]" : L"{}"));
+            return;
+        }
+        const bool isString = entry.kind == JsonKind::String;
+        if (!document_.edits.empty()) {
+            if (const auto edit = document_.edits.find(node); edit != document_.edits.end()) {
+                isString ? PutEscaped(edit->second) : sink_.Put(std::wstring_view(edit->second));
+                return;
+            }
+        }
+        if (isString) {
+            PutToken(entry.valueOffset, entry.valueLength);
+        } else {
+            const std::wstring_view all = document_.text;
+            sink_.Put(all.substr(entry.valueOffset, entry.valueLength));
+        }
     }
 
     const JsonDocument& document_;
-    std::wstring& out_;
-    bool pretty_;
-    int32_t level_;
-    std::wstring scratch_;
+    const bool isPretty_;
+    Sink& sink_;
+    size_t level_ = 0;
+    std::wstring decoded_;
+    std::wstring escaped_;
 };
+
+template <typename Sink>
+void Run(const JsonDocument& document, int32_t node, JsonLayout layout, int32_t level, Sink& sink) {
+    JsonWriter<Sink>(document, layout, sink).Write(node, level);
+}
+
+/// Appends what `write` writes to whatever sink it is given.
+template <typename Write>
+void AppendMeasured(Write write, std::wstring& out) {
+    SizeSink measured;
+    write(measured);
+    const size_t before = out.size();
+    const size_t size = before + measured.Size();
+    out.resize_and_overwrite(size, [&](wchar_t* data, size_t) {
+        MemorySink sink(data + before);
+        write(sink);
+        return size;
+    });
+}
 
 }  // namespace
 
+void AppendJson(const JsonDocument& document, int32_t node, JsonLayout layout, int32_t level,
+                std::wstring& out) {
+    AppendMeasured([&](auto& sink) { Run(document, node, layout, level, sink); }, out);
+}
+
+size_t JsonTextSize(const JsonDocument& document, int32_t node, JsonLayout layout, int32_t level) {
+    SizeSink measured;
+    Run(document, node, layout, level, measured);
+    return measured.Size();
+}
+
 void JsonDocument::WriteCompact(int32_t node, std::wstring& out) const {
-    Writer(*this, out, false, 0).Write(node);
+    AppendJson(*this, node, JsonLayout::Compact, 0, out);
 }
 
 void JsonDocument::WritePretty(int32_t node, std::wstring& out, int32_t level) const {
-    Writer(*this, out, true, level).Write(node);
+    AppendJson(*this, node, JsonLayout::Pretty, level, out);
 }
 
 std::wstring JsonDocument::PrettyText(int32_t node) const {
@@ -112,22 +199,16 @@ std::wstring JsonDocument::PrettyText(int32_t node) const {
 }
 
 std::wstring JsonDocument::Serialize() const {
+    if (!lines || root < 0 || nodes[static_cast<size_t>(root)].kind != JsonKind::Array) {
+        return PrettyText(root);
+    }
     std::wstring out;
-    if (root < 0) {
-        return out;
-    }
-    out.reserve(text.size());
-    if (!lines || nodes[static_cast<size_t>(root)].kind != JsonKind::Array) {
-        WritePretty(root, out, 0);
-        return out;
-    }
-    for (int32_t line = nodes[static_cast<size_t>(root)].firstChild; line >= 0;
-         line = nodes[static_cast<size_t>(line)].nextSibling) {
-        if (!out.empty()) {
-            out += kLineBreak;
-        }
-        WriteCompact(line, out);
-    }
+    AppendMeasured(
+        [this](auto& sink) {
+            using Sink = std::remove_reference_t<decltype(sink)>;
+            JsonWriter<Sink>(*this, JsonLayout::Compact, sink).WriteLines(root);
+        },
+        out);
     return out;
 }
 
