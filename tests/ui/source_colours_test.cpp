@@ -15,20 +15,20 @@ namespace {
 struct SourceLook {
     const char* ini;
     COLORREF text, back, selectionBack, numberBack;
-    COLORREF attribute, string, number, keyword, comment, punctuation;
+    COLORREF tag, attribute, string, number, keyword, comment, punctuation;
 };
 
 constexpr SourceLook kSourceLooks[] = {
-    {"theme=Light\n", 1973790, 16777215, 10377728, 15987184, 10511360, 3616040, 4615700, 10501240,
-     5930330, 7893870},
-    {"theme=Paper\n", 3161670, 15661309, 1989260, 14478579, 9857310, 3161670, 1669215, 7220640,
-     8556940, 7570060},
-    {"theme=Dark\n", 13948116, 1973790, 7884582, 2499877, 16702620, 7901646, 11062965, 12617413,
-     5609834, 9868950},
-    {"theme=Midnight\n", 15788258, 2758415, 14175773, 3546902, 16559088, 7650045, 11333510,
-     16627140, 9139300, 12100500},
-    {"theme=Solarized Dark\n", 10592659, 3549952, 9858591, 4339207, 13803558, 10592659, 39301,
-     8533715, 8616805, 8616805},
+    {"theme=Light\n", 1973790, 16777215, 10377728, 15987184, 2629270, 10511360, 3616040, 4615700,
+     10501240, 5930330, 7893870},
+    {"theme=Paper\n", 3161670, 15661309, 1989260, 14478579, 1326240, 9857310, 3161670, 1669215,
+     7220640, 8556940, 7570060},
+    {"theme=Dark\n", 13948116, 1973790, 7884582, 2499877, 11197660, 16702620, 7901646, 11062965,
+     12617413, 5609834, 9868950},
+    {"theme=Midnight\n", 15788258, 2758415, 14175773, 3546902, 16569213, 16559088, 7650045,
+     11333510, 16627140, 9139300, 12100500},
+    {"theme=Solarized Dark\n", 10592659, 3549952, 9858591, 4339207, 35253, 13803558, 10592659,
+     39301, 8533715, 8616805, 8616805},
 };
 
 class SourceTheme : public testing::TestWithParam<SourceLook> {
@@ -58,6 +58,18 @@ TEST_P(SourceTheme, ColoursJson) {
     EXPECT_GT(Drawn(viewer, 0, 15, GetParam().number), 10);
     EXPECT_GT(Drawn(viewer, 0, 19, GetParam().keyword), 10);
     EXPECT_GT(Drawn(viewer, 0, 28, GetParam().comment), 10);
+}
+
+TEST_P(SourceTheme, ColoursXml) {
+    const Viewer viewer = host_.OpenText("<MM NN=\"MM\">MM<!--MM--></MM>", L"data.xml");
+    ShowSource(viewer);
+
+    EXPECT_GT(Drawn(viewer, 0, 2, GetParam().tag), 10);
+    EXPECT_GT(Drawn(viewer, 0, 5, GetParam().attribute), 10);
+    EXPECT_GT(Drawn(viewer, 0, 6, GetParam().punctuation), 10);
+    EXPECT_GT(Drawn(viewer, 0, 8, GetParam().string), 10);
+    EXPECT_GT(Drawn(viewer, 0, 12, GetParam().text), 10);
+    EXPECT_GT(Drawn(viewer, 0, 18, GetParam().comment), 10);
 }
 
 TEST_P(SourceTheme, ColoursDelimitedText) {

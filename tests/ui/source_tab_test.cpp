@@ -38,6 +38,21 @@ TEST(SourceTab, IsNotFilledBeforeItIsShown) {
     EXPECT_EQ(TextOf(viewer.Source()), L"");
 }
 
+TEST(SourceTab, ShowsJsonAndXmlAsTheyWereLoaded) {
+    UiHost host;
+    const std::string json = "{ \"a\":1,\t\"b\" : [ ] } // end\n";
+    const std::string xml = "<?xml version='1.0'?>\n<a  b = '1' >x&amp;y</a >\n";
+
+    const Viewer first = host.OpenText(json, L"data.json");
+    ShowSource(first);
+    EXPECT_EQ(TextOf(first.Source()), std::wstring(json.begin(), json.end()));
+    host.Close(first);
+
+    const Viewer second = host.OpenText(xml, L"data.xml");
+    ShowSource(second);
+    EXPECT_EQ(TextOf(second.Source()), std::wstring(xml.begin(), xml.end()));
+}
+
 TEST(SourceTab, ComesFirstWhenTheSettingSaysSo) {
     UiHost host({.ini = "default-tab=SOURCE\n"});
 
@@ -318,6 +333,36 @@ TEST(LocateInSource, ScrollsToTheRow) {
 
     EXPECT_EQ(SelectedText(viewer), L"4999");
     EXPECT_GT(GetScrollPos(viewer.Source(), SB_VERT), 4900);
+}
+
+TEST(LocateInSource, SelectsTheValueBehindARowOfAJsonOutline) {
+    UiHost host;
+    const Viewer viewer = host.OpenText("{\"a\": 1, \"b\": [10, {\"c\": \"x\"}]}", L"data.json");
+    int row = 0;
+    while (row < viewer.RowCount() && viewer.Cell(row, 0) != L"b") {
+        ++row;
+    }
+    ASSERT_LT(row, viewer.RowCount());
+    Click(viewer.Grid(), viewer.CellCenter(row, 1));
+
+    Key('L', {VK_CONTROL});
+
+    EXPECT_EQ(SelectedText(viewer), L"[10, {\"c\": \"x\"}]");
+}
+
+TEST(LocateInSource, SelectsTheElementBehindARowOfAnXmlOutline) {
+    UiHost host;
+    const Viewer viewer = host.OpenText("<r>\n<a/>\n<b>one</b>\n</r>\n", L"data.xml");
+    int row = 0;
+    while (row < viewer.RowCount() && viewer.Cell(row, 0) != L"b") {
+        ++row;
+    }
+    ASSERT_LT(row, viewer.RowCount());
+    Click(viewer.Grid(), viewer.CellCenter(row, 1));
+
+    Key('L', {VK_CONTROL});
+
+    EXPECT_EQ(SelectedText(viewer), L"<b>one</b>");
 }
 
 TEST(LocateInSource, StaysInsideACutText) {
