@@ -128,6 +128,7 @@ bool Viewer::KeepsGridFrom(const Message& in) {
         case WM_MOUSEHWHEEL:
         case WM_VSCROLL:
         case WM_HSCROLL: return !EndCellEdit(true);
+        case WM_RBUTTONUP: return true;  // of a press that was kept away
         default: return false;
     }
 }
