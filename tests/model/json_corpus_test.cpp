@@ -15,7 +15,10 @@ namespace {
 
 using test::JsonValue;
 
-bool IsLinesName(const std::string& name) {
+bool IsLinesName(std::string name) {
+    std::transform(name.begin(), name.end(), name.begin(), [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+    });
     return name.ends_with(".jsonl") || name.ends_with(".ndjson");
 }
 
