@@ -98,30 +98,25 @@ void ScanPlain(std::wstring_view text, LineCollector& lines) {
     }
 }
 
-void ScanSse2(std::wstring_view text, LineCollector& lines) {
-    constexpr size_t kUnits = detail::UnitBlock::kUnits;
-    uint64_t carry = 0;  // bit 0: the block before ended with CR
-    for (size_t base = 0; base < text.size(); base += kUnits) {
-        const detail::UnitBlock block(text, base);
-        const uint64_t feeds = block.Where('\n');
-        const uint64_t returns = block.Where('\r');
-        const uint64_t tabs = block.Where('\t');
-        const bool feedFollows = base + kUnits < text.size() && text[base + kUnits] == L'\n';
-        const uint64_t feedsNext = (feeds >> 1) | (feedFollows ? uint64_t{1} << 63 : uint64_t{0});
-        const uint64_t pairs = feeds & ((returns << 1) | carry);  // the LF of each CR LF
-        carry = returns >> 63;
-        // A CR before an LF says nothing: the LF ends the line.
-        for (uint64_t marks = feeds | tabs | (returns & ~feedsNext); marks != 0;
+/// Only a few kinds of units can be a break or a tab: the others are passed over unseen.
+void ScanSse2(std::wstring_view text, LineCollector& result) {
+    LineCollector lines = result;  // its members then stay in registers
+    for (size_t base = 0; base < text.size(); base += detail::UnitBlock::kUnits) {
+        for (uint64_t marks = detail::UnitBlock(text, base).WhereFrom('\t', '\r'); marks != 0;
              marks &= marks - 1) {
-            const unsigned bit = detail::LowestBit(marks);
-            const size_t at = base + bit;
-            if (((tabs >> bit) & 1) != 0) {
+            const size_t at = base + detail::LowestBit(marks);
+            const wchar_t unit = text[at];
+            if (unit == L'\n') {
+                const bool pair = at > 0 && text[at - 1] == L'\r';
+                lines.EndLine(at - (pair ? 1 : 0), at + 1);
+            } else if (unit == L'\t') {
                 lines.Tab(at);
-            } else {
-                lines.EndLine(at - ((pairs >> bit) & 1), at + 1);
+            } else if (unit == L'\r' && (at + 1 == text.size() || text[at + 1] != L'\n')) {
+                lines.EndLine(at, at + 1);
             }
         }
     }
+    result = std::move(lines);
 }
 
 }  // namespace

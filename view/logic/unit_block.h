@@ -40,6 +40,19 @@ public:
         return bits;
     }
 
+    /// One bit for each unit from `first` to `last`, both in 1 .. 127.
+    [[nodiscard]] uint64_t WhereFrom(char first, char last) const {
+        const __m128i base = _mm_set1_epi8(first);
+        const __m128i span = _mm_set1_epi8(static_cast<char>(last - first));
+        uint64_t bits = 0;
+        for (size_t part = 0; part < 4; ++part) {
+            const __m128i above = _mm_sub_epi8(bytes_[part], base);
+            const int found = _mm_movemask_epi8(_mm_cmpeq_epi8(_mm_min_epu8(above, span), above));
+            bits |= static_cast<uint64_t>(static_cast<uint32_t>(found)) << (part * 16);
+        }
+        return bits;
+    }
+
 private:
     // Units beyond U+00FF become 255 or 0, neither of which is looked for.
     void Pack(const wchar_t* units) {
