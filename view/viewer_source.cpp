@@ -24,19 +24,6 @@ SourceSyntax SyntaxOf(const Document& document) {
     return {.mode = document.json != nullptr ? SourceMode::Json : SourceMode::Xml};
 }
 
-/// Whether the document is no longer what was loaded; also after its edits have been saved. What a
-/// saved table says is its text then.
-bool DiffersFromText(const Document& document) {
-    if (document.json != nullptr) {
-        return document.IsModified() || !document.json->edits.empty();
-    }
-    if (document.xml != nullptr) {
-        return document.IsModified() || !document.xml->nodeEdits.empty() ||
-               !document.xml->attributeEdits.empty();
-    }
-    return document.IsModified() || document.csv->HasEditedCells();
-}
-
 std::wstring Serialized(const Document& document) {
     if (document.json != nullptr) {
         return document.json->Serialize();
@@ -47,7 +34,7 @@ std::wstring Serialized(const Document& document) {
 /// The document's text up to `limit` units; 0 for no limit.
 std::wstring ShownText(const Document& document, size_t limit) {
     std::wstring made;
-    const bool differs = DiffersFromText(document);
+    const bool differs = document.TextIsOutdated();
     if (differs) {
         made = Serialized(document);
     }
@@ -87,7 +74,7 @@ void Viewer::RefreshSource() {
 }
 
 std::optional<LocatedRange> Viewer::LocateFocusedRow() const {
-    if (DiffersFromText(document_)) {
+    if (document_.TextIsOutdated()) {
         return std::nullopt;  // the text shown has other positions
     }
     const int current = grid_.Current().viewRow;

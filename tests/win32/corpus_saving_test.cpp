@@ -88,7 +88,8 @@ protected:
         ASSERT_TRUE(EncodeText(text.substr(0, start), encoding, head));
         ASSERT_TRUE(EncodeText(text.substr(start + length), markless, tail));
         ASSERT_TRUE(EncodeText(with, markless, middle));
-        EXPECT_TRUE(before.starts_with(head) && before.ends_with(tail)) << "the span is not the value";
+        EXPECT_TRUE(before.starts_with(head) && before.ends_with(tail))
+            << "the span is not the value";
         EXPECT_TRUE(After() == head + middle + tail);
     }
 
