@@ -2,6 +2,7 @@
 #include "view/logic/source_lines.h"
 
 #include <algorithm>
+#include <bit>
 #include <limits>
 #include <utility>
 
@@ -29,8 +30,8 @@ constexpr bool IsLowSurrogate(wchar_t unit) {
 /// Collects line starts and measures the line that is being read.
 class LineCollector {
 public:
-    LineCollector(size_t textSize, int tabWidth) : textSize_(textSize), tabWidth_(tabWidth) {
-        index_.starts.reserve(std::min(textSize / 16, kSample) + kSpare);
+    LineCollector(std::wstring_view text, int tabWidth) : text_(text), tabWidth_(tabWidth) {
+        starts_.resize(std::min(text.size() / 16, kSample) + kSpare);
     }
 
     /// A tab at `position`.
@@ -44,20 +45,50 @@ public:
         widest_ = std::max(widest_, column_ + Units(end));
         column_ = 0;
         measured_ = next;
-        if (index_.starts.size() == index_.starts.capacity()) {
-            Grow(next);
+        MakeRoom(next);
+        starts_[count_++] = static_cast<uint32_t>(next);
+    }
+
+    /// Lines that begin behind the marked units of a block, none of them with a tab; they are
+    /// measured later, all together.
+    void EndLines(uint64_t marks, size_t base) {
+        MakeRoom(base + 1);
+        uint32_t* out = starts_.data() + count_;
+        count_ += static_cast<size_t>(std::popcount(marks));
+        // Some more than there are cost less than asking each time; there is room for them.
+        constexpr int kAtOnce = 4;
+        do {
+            for (int i = 0; i < kAtOnce; ++i) {
+                *out++ = static_cast<uint32_t>(base + detail::LowestBit(marks) + 1);
+                marks &= marks - 1;
+            }
+        } while (marks != 0);
+    }
+
+    /// Measures the lines that EndLines has brought. Few can be wider than the widest so far.
+    void MeasureLines() {
+        auto bound = static_cast<uint32_t>(widest_ + 1);  // a line and its break, at least
+        for (size_t line = 1; line < count_; ++line) {
+            if (starts_[line] - starts_[line - 1] > bound) {
+                const size_t behind = starts_[line] - size_t{1};
+                const bool pair = text_[behind] == L'\n' && text_[behind - 1] == L'\r';
+                const size_t width = behind - (pair ? 1 : 0) - starts_[line - 1];
+                widest_ = std::max(widest_, static_cast<int64_t>(width));
+                bound = static_cast<uint32_t>(widest_ + 1);
+            }
         }
-        index_.starts.push_back(static_cast<uint32_t>(next));
+        measured_ = starts_[count_ - 1];
     }
 
     [[nodiscard]] LineIndex Finish() {
-        widest_ = std::max(widest_, column_ + Units(textSize_));
+        widest_ = std::max(widest_, column_ + Units(text_.size()));
         constexpr int64_t kMost = std::numeric_limits<int32_t>::max();
-        index_.maxColumns = static_cast<int32_t>(std::min(widest_, kMost));
-        if (index_.starts.capacity() / 8 * 7 > index_.starts.size()) {
-            index_.starts.shrink_to_fit();
+        starts_.resize(count_);
+        if (starts_.capacity() / 8 * 7 > count_) {
+            starts_.shrink_to_fit();
         }
-        return std::move(index_);
+        return {.starts = std::move(starts_),
+                .maxColumns = static_cast<int32_t>(std::min(widest_, kMost))};
     }
 
 private:
@@ -65,19 +96,25 @@ private:
 
     // Doubling would leave up to half of the memory unused: the rest of the text is taken to have
     // lines as long as those before.
-    void Grow(size_t read) {
-        const size_t lines = index_.starts.size();
-        const double expected = static_cast<double>(lines) * static_cast<double>(textSize_ - read) /
-                                static_cast<double>(read);
-        const size_t more = std::min(static_cast<size_t>(expected * 1.03), lines * 16);
-        index_.starts.reserve(lines + std::max<size_t>(more, lines / 8) + kSpare);
+    void MakeRoom(size_t read) {
+        if (starts_.size() - count_ >= kSpare) {
+            return;
+        }
+        const auto rest = static_cast<double>(text_.size() - read);
+        const double expected =
+            static_cast<double>(count_) * rest / static_cast<double>(read) * 1.03;
+        const size_t more = std::min(static_cast<size_t>(expected), count_ * 16);
+        const size_t room = count_ + std::max(more, count_ / 8) + 2 * kSpare;
+        starts_.reserve(room);
+        starts_.resize(room);
     }
 
     static constexpr size_t kSample = 4096;
-    static constexpr size_t kSpare = 64;
+    static constexpr size_t kSpare = 72;  // the lines of a block, and some more
 
-    LineIndex index_;
-    size_t textSize_;
+    std::wstring_view text_;
+    std::vector<uint32_t> starts_;  // longer than `count_`
+    size_t count_ = 1;
     size_t measured_ = 0;  // where the units begin that `column_` does not count yet
     int64_t column_ = 0;
     int64_t widest_ = 0;
@@ -98,10 +135,39 @@ void ScanPlain(std::wstring_view text, LineCollector& lines) {
     }
 }
 
+/// Finds lines as long as there is no tab; answers where it stopped.
+size_t ScanBreaks(std::wstring_view text, LineCollector& lines) {
+    constexpr size_t kUnits = detail::UnitBlock::kUnits;
+    size_t base = 0;
+    for (; base < text.size(); base += kUnits) {
+        const detail::UnitBlock block(text, base);
+        const uint64_t found = block.WhereFrom('\t', '\r');
+        if (found == 0) {
+            continue;
+        }
+        const uint64_t feeds = block.Where('\n');
+        uint64_t marks = feeds;
+        if (found != feeds) {
+            const uint64_t returns = block.Where('\r');
+            if (found != (feeds | returns)) {
+                break;
+            }
+            const bool feedFollows = base + kUnits < text.size() && text[base + kUnits] == L'\n';
+            // A return before a feed says nothing: the feed ends the line.
+            marks |= returns & ~((feeds >> 1) | (feedFollows ? uint64_t{1} << 63 : uint64_t{0}));
+        }
+        if (marks != 0) {
+            lines.EndLines(marks, base);
+        }
+    }
+    lines.MeasureLines();
+    return base;
+}
+
 /// Only a few kinds of units can be a break or a tab: the others are passed over unseen.
-void ScanSse2(std::wstring_view text, LineCollector& result) {
-    LineCollector lines = result;  // its members then stay in registers
-    for (size_t base = 0; base < text.size(); base += detail::UnitBlock::kUnits) {
+void ScanSse2(std::wstring_view text, LineCollector& lines) {
+    for (size_t base = ScanBreaks(text, lines); base < text.size();
+         base += detail::UnitBlock::kUnits) {
         for (uint64_t marks = detail::UnitBlock(text, base).WhereFrom('\t', '\r'); marks != 0;
              marks &= marks - 1) {
             const size_t at = base + detail::LowestBit(marks);
@@ -116,13 +182,12 @@ void ScanSse2(std::wstring_view text, LineCollector& result) {
             }
         }
     }
-    result = std::move(lines);
 }
 
 }  // namespace
 
 LineIndex IndexLines(std::wstring_view text, int tabWidth, LineScan scan) {
-    LineCollector lines(text.size(), tabWidth);
+    LineCollector lines(text, tabWidth);
     if (scan == LineScan::Plain) {
         ScanPlain(text, lines);
     } else {
