@@ -67,7 +67,8 @@ TEST(CopyIsValid, ForXmlHoweverBroken) {
              L"a < b > c </d> <e f='<' g='&'>",
              L"<r><!--a--b---><!-----><!-->",
              L"<r><![CDATA[a]]b]]><![CDATA[]]>",
-             L"<r><?p a?" L"?><?1?><? x?><?a'b c?><?q",
+             L"<r><?p a?"
+             L"?><?1?><? x?><?a'b c?><?q",
              L"<a/><b/>text<c/>",
              L"<r>\x0001\xFFFE\xD800<x y='\xDC00\x0002'/></r>",
              L"<r><a:b:c d::e='1' :='2'/><-a/><.b/><\x00B7/><\xD83D\xDE00/></r>",
