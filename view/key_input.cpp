@@ -16,9 +16,14 @@ bool Viewer::HasFocusInside() const {
 
 namespace {
 
-/// Ctrl as a command key. AltGr arrives as Ctrl and Alt together and types a character.
+/// AltGr arrives as Ctrl and Alt together and types a character.
+bool IsAltGrDown() {
+    return IsKeyDown(VK_CONTROL) && IsKeyDown(VK_MENU);
+}
+
+/// Ctrl as a command key.
 bool IsCommandKeyDown() {
-    return IsKeyDown(VK_CONTROL) && !IsKeyDown(VK_MENU);
+    return IsKeyDown(VK_CONTROL) && !IsAltGrDown();
 }
 
 }  // namespace
@@ -47,6 +52,9 @@ bool Viewer::PassKeyToHost(WPARAM key) {
 bool Viewer::HandleKey(WPARAM key, KeyFocus focus) {
     if (PassKeyToHost(key)) {
         return true;
+    }
+    if (IsAltGrDown()) {
+        return false;
     }
     const KeyPress press{.key = static_cast<VirtualKey>(key),
                          .ctrl = IsCommandKeyDown(),

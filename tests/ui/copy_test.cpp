@@ -47,6 +47,19 @@ TEST(Copy, TakesTheCurrentCellWithC) {
     EXPECT_EQ(ClipboardText(), L"Bonn, Rhein");
 }
 
+TEST(Copy, TakesNothingWhenAltGrAndCTypeACharacter) {
+    UiHost host;
+    const Viewer viewer = host.OpenText(kTable);
+    Click(viewer.Grid(), viewer.CellCenter(0, 0));
+    Key('C');
+    ASSERT_EQ(ClipboardText(), L"Anna");
+    Click(viewer.Grid(), viewer.CellCenter(1, 0));
+
+    PressWithAltGr(viewer.Grid(), 'C');
+
+    EXPECT_EQ(ClipboardText(), L"Anna");
+}
+
 TEST(Copy, TakesTheCurrentCellFromTheMenu) {
     UiHost host;
     const Viewer viewer = host.OpenText(kTable);

@@ -1,11 +1,8 @@
 // Keys that the viewer hands back to the host.
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "tests/ui/support/fakes.h"
 #include "tests/ui/support/input.h"
-#include "tests/ui/support/pump.h"
 #include "tests/ui/support/ui_host.h"
 
 namespace rl::test {
@@ -66,21 +63,13 @@ TEST(HostKeys, LeaveDigitsWithCtrlOut) {
     EXPECT_EQ(UiHost::TakeKeys(), Keys{});
 }
 
-// AltGr is the right Alt key, with which the keyboard presses Ctrl.
 TEST(HostKeys, LeaveWhatAltGrTypesAlone) {
     UiHost host;
     const Viewer viewer = OpenPastGuard(host);
-    std::array<BYTE, 256> keys{};
-    GetKeyboardState(keys.data());
-    keys[VK_CONTROL] = keys[VK_LCONTROL] = keys[VK_MENU] = keys[VK_RMENU] = 0x80;
-    SetKeyboardState(keys.data());
 
-    SendMessageW(viewer.Grid(), WM_KEYDOWN, '7', 1);
-    SendMessageW(viewer.Grid(), WM_KEYDOWN, 'F', 1);
+    PressWithAltGr(viewer.Grid(), '7');
+    PressWithAltGr(viewer.Grid(), 'F');
 
-    keys[VK_CONTROL] = keys[VK_LCONTROL] = keys[VK_MENU] = keys[VK_RMENU] = 0;
-    SetKeyboardState(keys.data());
-    PumpIdle();
     EXPECT_EQ(UiHost::TakeKeys(), Keys{});
 }
 

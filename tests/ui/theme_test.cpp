@@ -136,13 +136,12 @@ TEST(Colours, FindTheThemeInAnyLetterCase) {
 TEST(Colours, ComeFromTheMenuThoughTheSettingsCannotBeWritten) {
     UiHost host({.ini = "theme=Light\n"});
     const Viewer viewer = host.OpenText(kTable);
-    SetFileAttributesW(host.IniFile().c_str(), FILE_ATTRIBUTE_READONLY);
+    TheFakes().settingsFail = true;
 
     Choose(viewer, 5102);
 
     EXPECT_EQ(CellColor(viewer, 0, 0), 1973790u);
     EXPECT_EQ(host.IniValue(L"theme"), L"Light");
-    SetFileAttributesW(host.IniFile().c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
 TEST(Colours, OfTextCanBeSeen) {

@@ -87,11 +87,13 @@ BOOL WINAPI FakeSize(HANDLE file, PLARGE_INTEGER size) {
     return current->sizeFails ? FALSE : GetFileSizeEx(file, size);
 }
 
-/// Notes the call; true when it is to fail.
-bool Fails(const char* function) {
-    current->writes.emplace_back(function);
-    SetLastError(ERROR_ACCESS_DENIED);
-    return current->failing.contains(function);
+BOOL WINAPI FakeWriteSetting(LPCWSTR section, LPCWSTR key, LPCWSTR value, LPCWSTR file) {
+    return current->settingsFail ? FALSE : WritePrivateProfileStringW(section, key, value, file);
+}
+
+UINT_PTR WINAPI FakeSetTimer(HWND window, UINT_PTR id, UINT elapse, TIMERPROC procedure) {
+    current->timers.push_back({id, elapse});
+    return current->timersStandStill ? id : SetTimer(window, id, elapse, procedure);
 }
 
 UINT WINAPI FakeTemporary(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name) {
@@ -137,11 +139,11 @@ void InstallFakes(HMODULE module) {
     tools::PatchImport(module, "ReadFile", &FakeRead);
     tools::PatchImport(module, "GetFileSizeEx", &FakeSize);
     tools::PatchImport(module, "SetWindowTheme", &FakeStyle);
-    tools::PatchImport(module, "GetTempFileNameW", &FakeTemporary);
-    tools::PatchImport(module, "WriteFile", &FakeWrite);
-    tools::PatchImport(module, "FlushFileBuffers", &FakeFlush);
-    tools::PatchImport(module, "ReplaceFileW", &FakeReplace);
-    tools::PatchImport(module, "MoveFileExW", &FakeMove);
+    tools::PatchImport(module, "WritePrivateProfileStringW", &FakeWriteSetting);
+    tools::PatchImport(module, "SetTimer", &FakeSetTimer);
+    tools::PatchImport(module, "DeferWindowPos", &FakeDefer);
+    tools::PatchImport(module, "GetTextExtentPoint32W", &FakeMeasure);
+    tools::PatchImport(module, "malloc", &FakeMalloc);
 }
 
 }  // namespace rl::test

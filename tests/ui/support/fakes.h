@@ -48,7 +48,8 @@ struct Fakes {
     std::vector<std::wstring> links;
     std::vector<HCURSOR> cursors;            // every SetCursor
     std::vector<StyledWindow> styles;        // every SetWindowTheme
-    bool timersStandStill = false;           // SetTimer and KillTimer are only noted
+    bool settingsFail = false;               // every WritePrivateProfileStringW
+    bool timersStandStill = false;           // SetTimer only notes
     std::vector<StartedTimer> timers;        // every SetTimer
     bool filterBatchFails = false;           // DeferWindowPos of a filter box
     bool memoryFailsAfterMeasuring = false;  // the first malloc after a text was measured

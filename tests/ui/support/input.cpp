@@ -1,5 +1,7 @@
 #include "tests/ui/support/input.h"
 
+#include <array>
+
 #include "tests/ui/support/pump.h"
 
 namespace rl::test {
@@ -71,6 +73,18 @@ void Key(WORD key, Modifiers held) {
     const Held modifiers(held);
     SendKey(key, false);
     SendKey(key, true);
+    PumpIdle();
+}
+
+void PressWithAltGr(HWND window, WORD key) {
+    constexpr BYTE kDown = 0x80;
+    std::array<BYTE, 256> before{};
+    GetKeyboardState(before.data());
+    std::array<BYTE, 256> keys = before;
+    keys[VK_CONTROL] = keys[VK_LCONTROL] = keys[VK_MENU] = keys[VK_RMENU] = kDown;
+    SetKeyboardState(keys.data());
+    SendMessageW(window, WM_KEYDOWN, key, 1);
+    SetKeyboardState(before.data());
     PumpIdle();
 }
 

@@ -16,6 +16,10 @@ using Modifiers = std::initializer_list<WORD>;  // VK_CONTROL, VK_SHIFT, VK_MENU
 /// Presses and releases a key.
 void Key(WORD key, Modifiers held = {});
 
+/// Tells the window of a key while AltGr is down: the right Alt key, with which the keyboard
+/// presses Ctrl. The key itself types nothing.
+void PressWithAltGr(HWND window, WORD key);
+
 /// Types letters and digits, one key each.
 void Type(std::wstring_view text);
 
