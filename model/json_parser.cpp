@@ -232,26 +232,23 @@ inline void JsonParser<Unit, Scan>::Append(JsonKind kind, const Unit* at, const 
     if (nodes_.size() == nodes_.capacity()) [[unlikely]] {
         Grow(at);
     }
-    const auto index = static_cast<int32_t>(nodes_.size());
-    JsonNode node{.kind = kind,
-                  .hasKey = static_cast<uint8_t>(key_.length != 0),
-                  .keyOffset = key_.offset,
-                  .keyLength = key_.length,
-                  .valueOffset = static_cast<uint32_t>(at - base_),
-                  .valueLength = static_cast<uint32_t>(past - at),
-                  .parent = parent_};
+    int32_t parent = parent_;
     if (depth_ > 0) {
+        const auto index = static_cast<int32_t>(nodes_.size());
         Frame& frame = frames_[depth_ - 1];
-        node.parent = frame.node;
+        parent = frame.node;
         if (frame.last < 0) {
-            nodes_[static_cast<size_t>(frame.node)].firstChild = index;
+            nodes_[static_cast<size_t>(parent)].firstChild = index;
         } else {
             nodes_[static_cast<size_t>(frame.last)].nextSibling = index;
         }
         frame.last = index;
         ++frame.count;
     }
-    nodes_.push_back(node);
+    // Built in place: copying a record just written in small parts would wait for each of them.
+    nodes_.emplace_back(kind, static_cast<uint8_t>(key_.length != 0), key_.offset, key_.length,
+                        static_cast<uint32_t>(at - base_), static_cast<uint32_t>(past - at), parent,
+                        -1, -1, 0U);
 }
 
 /// Makes room: some at first, then for the whole text, then, in a text that turns out to be none or
