@@ -1,8 +1,12 @@
 #include "model/xml_parser.h"
 
+#include <algorithm>
 #include <cwchar>
+#include <type_traits>
 #include <unordered_map>
+#include <utility>
 
+#include "model/xml_count_sse2.h"
 #include "model/xml_reader.h"
 
 namespace rl {
@@ -98,10 +102,8 @@ private:
 template <typename Unit>
 class NodeBuilder {
 public:
-    NodeBuilder(std::basic_string_view<Unit> text, const NodeCounter& counts, XmlTree& tree)
+    NodeBuilder(std::basic_string_view<Unit> text, XmlTree& tree)
         : text_(text), tree_(tree), open_(text, tree.nodes) {
-        tree.nodes.reserve(counts.nodes);
-        tree.attributes.reserve(counts.attributes);
         tree.nodes.push_back({.sourceEnd = static_cast<uint32_t>(text.size())});
     }
 
@@ -180,19 +182,77 @@ private:
     size_t firstAttribute_ = 0;
 };
 
+/// What to reserve; nothing when abandoned.
+struct Room {
+    size_t nodes;
+    size_t attributes;
+};
+
 template <typename Scan, typename Unit>
-std::optional<XmlTree> ParseWith(std::basic_string_view<Unit> text, const AbandonCheck& abandoned) {
-    std::optional<XmlTree> tree;
+std::optional<Room> CountExactly(std::basic_string_view<Unit> text, const AbandonCheck& abandoned) {
     NodeCounter counter;
-    if (text.size() <= kMaxXmlUnits &&
-        detail::XmlReader<Unit, Scan, NodeCounter>(text, counter).Read(abandoned)) {
-        tree.emplace();
-        NodeBuilder<Unit> builder(text, counter, *tree);
-        if (!detail::XmlReader<Unit, Scan, NodeBuilder<Unit>>(text, builder).Read(abandoned)) {
+    if (!detail::XmlReader<Unit, Scan, NodeCounter>(text, counter).Read(abandoned)) {
+        return std::nullopt;
+    }
+    return Room{.nodes = counter.nodes, .attributes = counter.attributes};
+}
+
+/// The marks counted where that is enough. A text that would ask for far more than texts do, for
+/// instance one of nothing but "<", is read exactly instead.
+template <typename Unit>
+std::optional<Room> CountMarks(std::basic_string_view<Unit> text, const AbandonCheck& abandoned) {
+    constexpr size_t kUsualBytesPerUnit = 4;
+    constexpr size_t kUnitsBetweenQuestions = size_t{1} << 21;
+    NodeCounter sections;
+    detail::XmlReader<Unit, detail::XmlScanSse2, NodeCounter> grammar(text, sections);
+    detail::XmlMarkCounter marks;
+    size_t questions = 0;
+    while (!grammar.AtEnd()) {
+        if (questions++ % 1024 == 0 && IsAbandoned(abandoned)) {
             return std::nullopt;
         }
-        builder.Finish();
+        size_t ahead = std::min(grammar.Left(), kUnitsBetweenQuestions);
+        while (ahead < grammar.Left() && grammar.At()[ahead - 1] == '<') {
+            ++ahead;  // a "<!" stays in one piece
+        }
+        const Unit* const pause = grammar.At() + ahead;
+        const Unit* const section = marks.Count(grammar.At(), pause);
+        grammar.SkipTo(section);
+        if (section != pause) {
+            grammar.Step();
+            marks.Restart();
+        }
     }
+    const Room room{.nodes = sections.nodes + marks.Nodes(), .attributes = marks.Attributes()};
+    const size_t bytes = room.nodes * sizeof(XmlNode) + room.attributes * sizeof(XmlAttribute);
+    if (bytes / kUsualBytesPerUnit > text.size()) {
+        return CountExactly<detail::XmlScanSse2>(text, abandoned);
+    }
+    return room;
+}
+
+template <typename Scan, typename Unit>
+std::optional<XmlTree> ParseWith(std::basic_string_view<Unit> text, const AbandonCheck& abandoned) {
+    std::optional<Room> room;
+    if (text.size() > kMaxXmlUnits) {
+        return std::nullopt;
+    }
+    if constexpr (std::is_same_v<Scan, detail::XmlScanSse2>) {
+        room = CountMarks(text, abandoned);
+    } else {
+        room = CountExactly<Scan>(text, abandoned);
+    }
+    if (!room) {
+        return std::nullopt;
+    }
+    std::optional<XmlTree> tree(std::in_place);
+    tree->nodes.reserve(room->nodes);
+    tree->attributes.reserve(room->attributes);
+    NodeBuilder<Unit> builder(text, *tree);
+    if (!detail::XmlReader<Unit, Scan, NodeBuilder<Unit>>(text, builder).Read(abandoned)) {
+        return std::nullopt;
+    }
+    builder.Finish();
     return tree;
 }
 

@@ -41,7 +41,7 @@ public:
         return true;
     }
 
-private:
+    /// Reads what comes next; not at the end.
     void Step() {
         if (*at_ != '<') {
             ReadText();
@@ -58,6 +58,12 @@ private:
         }
     }
 
+    [[nodiscard]] const Unit* At() const { return at_; }
+    [[nodiscard]] size_t Left() const { return static_cast<size_t>(end_ - at_); }
+    [[nodiscard]] bool AtEnd() const { return at_ == end_; }
+    void SkipTo(const Unit* at) { at_ = at; }
+
+private:
     void ReadText() {
         const Unit* const start = at_;
         const Unit* const visible = SkipXmlBlanks(at_, end_);

@@ -170,13 +170,39 @@ TEST(XmlParser, LinksParentsChildrenAndSiblings) {
     }
 }
 
-TEST(XmlParser, ReservesOnlyWhatItFills) {
-    for (const std::wstring_view text :
-         {L"<a b='1'>x<c/></a>", L"<a b=\"1\" c d='2'>", L"<!DOCTYPE a><a x='1' y=\"2\"/><?p?>"}) {
-        const XmlTree tree = ParseXml(text).value();
+void ExpectNothingWasted(const std::u16string& text) {
+    for (const XmlScanKernel kernel : {XmlScanKernel::Plain, XmlScanKernel::Sse2}) {
+        const XmlTree tree = ParseXml(text, {}, kernel).value();
         EXPECT_EQ(tree.nodes.capacity(), tree.nodes.size());
         EXPECT_EQ(tree.attributes.capacity(), tree.attributes.size());
     }
+}
+
+TEST(XmlParser, ReservesOnlyWhatItFills) {
+    ExpectNothingWasted(u"<long-name b='1'>x<c/></long-name>");
+    ExpectNothingWasted(u"<!DOCTYPE a [ <!ENTITY x '<a>'> ]><a x='1' y=\"2\"/><?p?>");
+    ExpectNothingWasted(u"<some><!-- <a b='1'>x</a> --><![CDATA[<a b=\"1\">x</a>]]>text</some>");
+    for (size_t blanks = 0; blanks < 140; ++blanks) {
+        const std::u16string gap(blanks, u' ');
+        ExpectNothingWasted(u"<root>" + gap + u"<a x='1'>" + gap + u"text" + gap + u"</a>" + gap +
+                            u"<!--c-->" + gap + u"<b y=" + gap + u"\"2\"/>" + gap + u"\u0444" +
+                            gap + u"</root>" + gap);
+    }
+}
+
+TEST(XmlParser, ReservesOnlyWhatItFillsInLongTexts) {
+    std::u16string text = u"<r>";
+    while (text.size() < 5'000'000) {
+        text += u"<item a='1' b=\"2\">  text <!-- note --> \n</item>  \n";
+    }
+    ExpectNothingWasted(text + u"</r>");
+}
+
+TEST(XmlParser, ReservesNoGigabytesForTextsThatOnlyLookLikeMarkup) {
+    const std::u16string text = u"<a/>" + std::u16string(100'000, u'<');
+    const XmlTree tree = ParseXml(text).value();
+    EXPECT_EQ(tree.nodes.size(), 3U);
+    EXPECT_EQ(tree.nodes.capacity(), 3U);
 }
 
 TEST(XmlParser, AsksWhetherItIsStillWantedAndStops) {
