@@ -49,8 +49,9 @@ std::string Events(size_t size, bool lines) {
 std::string Coordinates(size_t size) {
     std::string out = "{\"type\":\"MultiPoint\",\"coordinates\":[[0,0]";
     for (uint32_t i = 0; out.size() < size; ++i) {
-        out += ",[" + std::to_string(i % 180) + "." + std::to_string(1000 + i * 7919U % 9000) +
-               ",-" + std::to_string(i % 90) + "." + std::to_string(1000 + i * 31U % 9000) + "]";
+        out += ",[" + std::to_string(i % 180) + "." + std::to_string(100000 + i * 7919U % 900000) +
+               ",-" + std::to_string(i % 90) + "." + std::to_string(100000 + i * 31U % 900000) +
+               "]";
     }
     return out + "]}";
 }
