@@ -36,6 +36,7 @@ Grid::~Grid() = default;
 bool Grid::Create(HWND parent, bool gridLines, IGridListener& listener) {
     constexpr DWORD kStyle = WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS | LVS_OWNERDATA;
     listener_ = &listener;
+    gridLines_ = gridLines;
     window_ = CreateControl(parent, WC_LISTVIEWW, L"Table", kStyle, kGridId);
     if (window_ == nullptr) {
         return false;
@@ -55,6 +56,9 @@ void Grid::SetFonts(HFONT normal, HFONT bold, int dpi) {
     dpi_ = dpi;
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(normal), TRUE);
     SendMessageW(header_, WM_SETFONT, reinterpret_cast<WPARAM>(bold), TRUE);
+    if (Outline() != nullptr) {
+        ApplyRowHeight();
+    }
 }
 
 void Grid::SetColors(const ThemeColors& colors) {
@@ -71,8 +75,14 @@ void Grid::ShowTable(const RowView* view, const Style& style) {
         const FlagScope own(movingFocus_);
         Ask(window_, LVM_SETITEMCOUNT, 0);  // nothing focused or selected, scrolled to the top
     }
+    const bool wasOutline = Outline() != nullptr;
     view_ = view;
     style_ = style;
+    hotRow_ = -1;
+    if (wasOutline || Outline() != nullptr) {
+        ApplyLines();
+        ApplyRowHeight();
+    }
     if (view != nullptr) {
         columns_.Reset(view->Model().ColumnCount(), style.lineNumbers);
     }
@@ -81,10 +91,12 @@ void Grid::ShowTable(const RowView* view, const Style& style) {
     ForgetTexts();
     headerTexts_.clear();
     for (int gridColumn = 0; gridColumn < ColumnCount(); ++gridColumn) {
-        headerTexts_.push_back(GridHeaderText(columns_, *view_, gridColumn));
+        headerTexts_.push_back(
+            GridHeaderText(columns_, *view_, gridColumn, style_.outline != nullptr));
     }
     ApplyColumns(Measure());
     RowsChanged(false);
+    FitValueColumn();
     listener_->OnCurrentCellChanged();
 }
 
@@ -106,6 +118,7 @@ void Grid::TextsChanged() {
 void Grid::RecomputeWidths() {
     if (view_ != nullptr) {
         ApplyColumns(Measure());
+        FitValueColumn();
         InvalidateRect(window_, nullptr, TRUE);
     }
 }
@@ -121,8 +134,10 @@ std::vector<int> Grid::Measure() {
                               .maxColumnSamples = style_.maxColumnSamples,
                               .maxColumnWidth = style_.maxColumnWidth,
                               .decimalAlign = style_.decimalAlign};
-    metrics_ = MeasureColumns(*view_, columns_, sizing,
-                              [&](std::wstring_view text) { return WidthOf(dc.Get(), text); });
+    const OutlineSizing outline = SizeOfOutline();
+    metrics_ = MeasureColumns(
+        *view_, columns_, sizing, [&](std::wstring_view text) { return WidthOf(dc.Get(), text); },
+        Outline() != nullptr ? &outline : nullptr);
     return metrics_.widths;
 }
 

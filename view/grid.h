@@ -25,6 +25,9 @@
 
 namespace rl {
 
+class TreeTableView;
+struct OutlineRow;
+
 inline constexpr int kGridId = 1001;
 
 /// A cell of the grid, by its place on screen; -1 where there is none.
@@ -59,6 +62,9 @@ public:
     virtual void OnHeaderClick(int /*gridColumn*/) {}
     /// A right click on a column's header; the column is current by now, without a row.
     virtual void OnHeaderMenu() {}
+    /// A left click, single or double, on the box that opens and closes a row of an outline. No
+    /// cell is pressed or clicked by it.
+    virtual void OnExpanderClicked(int /*viewRow*/) {}
 
 protected:
     ~IGridListener() = default;
@@ -72,6 +78,9 @@ public:
         bool decimalAlign = true;     // the separators of a column stand below each other
         int maxColumnWidth = 300;     // at 96 dpi, pixels; below 1: no limit
         int maxColumnSamples = 1000;  // rows measured for the widths
+        // The outline that the view's model is: shown with guide lines and boxes instead of grid
+        // lines. Null for a table.
+        const TreeTableView* outline = nullptr;
     };
 
     Grid() = default;
@@ -88,6 +97,8 @@ public:
     /// Fonts are borrowed. Call RecomputeWidths once everything else has the new fonts too.
     void SetFonts(HFONT normal, HFONT bold, int dpi);
     void SetColors(const ThemeColors& colors);
+    /// The colours by which an outline tells its rows' types apart.
+    void SetOutlineColors(const SourceColors& colors);
 
     /// Shows a table, which must outlive its being shown: columns, widths, rows, no current cell.
     /// The hidden columns of the table before stay hidden. Null empties the grid.
@@ -99,6 +110,9 @@ public:
     void TextsChanged();
     /// Measures the columns again: after a change of font, dpi or content.
     void RecomputeWidths();
+    /// Gives the value column of an outline what the others leave of the window. Done by itself
+    /// when the window's size, the table or the fonts change.
+    void FitValueColumn();
     [[nodiscard]] const RowView* View() const { return view_; }
 
     [[nodiscard]] GridCell Current() const { return current_; }
@@ -175,6 +189,7 @@ private:
     void FillAboveRows(HDC dc) const;
     LRESULT OnRowDraw(NMLVCUSTOMDRAW& draw);
     LRESULT OnSubitemDraw(NMLVCUSTOMDRAW& draw);
+    LRESULT OnOutlineNameDraw(HDC dc, GridCell cell, const Rect& rect);
     Answer OnCellText(NMLVDISPINFOW& note);
     Answer OnFindItem(const NMLVFINDITEMW& note);
     Answer OnItemChanged(const NMLISTVIEW& note);
@@ -189,6 +204,23 @@ private:
     void ApplyColumns(const std::vector<int>& widths);
     [[nodiscard]] Rect HeaderItemRect(int gridColumn) const;
     [[nodiscard]] bool HasGridLines() const;
+
+    [[nodiscard]] const TreeTableView* Outline() const {
+        return view_ != nullptr ? style_.outline : nullptr;
+    }
+    [[nodiscard]] bool IsOutlineName(int gridColumn) const {
+        return Outline() != nullptr && DataColumn(gridColumn) == 0;
+    }
+    [[nodiscard]] const OutlineRow& RowOfOutline(int viewRow) const;
+    [[nodiscard]] OutlineSizing SizeOfOutline() const;
+    void ApplyLines();
+    void ApplyRowHeight();
+    bool FitValueColumnOnce(int gridColumn);
+    [[nodiscard]] int BoxAt(POINT client) const;
+    bool OnOutlineClick(GridClick click, POINT client);
+    Answer OnOutlineMessage(const Message& in);
+    void SetHotRow(int viewRow);
+
     void RedrawRow(int viewRow);
     void DeselectAll();
     void FitColumn(int gridColumn);
@@ -203,6 +235,8 @@ private:
     HFONT boldFont_ = nullptr;
     int dpi_ = kBaseDpi;
     ThemeColors colors_;
+    SourceColors outlineColors_;
+    bool gridLines_ = true;  // wanted for tables
 
     const RowView* view_ = nullptr;
     Style style_;
@@ -215,7 +249,9 @@ private:
 
     bool settingWidths_ = false;  // many columns change: told to the listener once, at the end
     bool movingFocus_ = false;    // the list view's focus moves because we say so
+    bool fittingValue_ = false;   // a new width may show the scroll bar and so change the size
     bool drawnRowIsSelected_ = false;
+    int hotRow_ = -1;  // the row of an outline whose box the mouse is over
 };
 
 }  // namespace rl

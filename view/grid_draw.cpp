@@ -50,7 +50,7 @@ LRESULT Grid::OnRowDraw(NMLVCUSTOMDRAW& draw) {
     UseColors(draw, ColorsFor(colors_, {.viewRow = viewRow, .selected = drawnRowIsSelected_}));
     const bool numbers = std::ranges::find(metrics_.isNumeric, true) != metrics_.isNumeric.end();
     const bool subitems = NeedsSubitemPainting(HasLineNumbers(), style_.decimalAlign && numbers,
-                                               false, viewRow == current_.viewRow);
+                                               Outline() != nullptr, viewRow == current_.viewRow);
     return subitems ? CDRF_NOTIFYSUBITEMDRAW : CDRF_DODEFAULT;
 }
 
@@ -60,6 +60,9 @@ LRESULT Grid::OnSubitemDraw(NMLVCUSTOMDRAW& draw) {
     const auto column = static_cast<size_t>(cell.gridColumn);
     if (rect.width <= 0 || column >= metrics_.isNumeric.size()) {
         return CDRF_SKIPDEFAULT;
+    }
+    if (IsOutlineName(cell.gridColumn)) {
+        return OnOutlineNameDraw(draw.nmcd.hdc, cell, rect);
     }
     CellInput input{.rect = rect,
                     .text = {},

@@ -50,11 +50,17 @@ Answer Grid::OnMessage(HWND window, const Message& in) {
     if (const Answer used = listener_->OnGridMessage(in)) {
         return used;
     }
+    if (const Answer used = OnOutlineMessage(in)) {
+        return used;
+    }
     if (!MovesColumns(in.id)) {
         return std::nullopt;
     }
     const LRESULT result = DefSubclassProc(window, in.id, in.wparam, in.lparam);
     if (IsWindow(window)) {
+        if (in.id == WM_SIZE) {
+            FitValueColumn();
+        }
         TellColumnsMoved();
     }
     return result;
@@ -162,6 +168,9 @@ Answer Grid::OnColumnClick(const NMLISTVIEW& note) {
 }
 
 Answer Grid::OnClick(GridClick click, const NMITEMACTIVATE& note) {
+    if (OnOutlineClick(click, note.ptAction)) {
+        return 0;
+    }
     GridCell cell;
     if (note.iItem >= 0 && note.iItem < RowCount()) {
         cell = {note.iItem, note.iSubItem < ColumnCount() ? note.iSubItem : -1};
@@ -321,6 +330,9 @@ Answer Grid::OnFindItem(const NMLVFINDITEMW& note) {
 }
 
 int Grid::SearchedColumn() const {
+    if (Outline() != nullptr) {
+        return GridColumnOf(0);  // a letter leads to the next node of that name
+    }
     if (current_.gridColumn >= 0 && current_.gridColumn < ColumnCount()) {
         return current_.gridColumn;
     }
