@@ -222,7 +222,8 @@ void Viewer::DeleteCurrentColumn(Command) {
     std::unique_ptr<RowView> rows = MakeRows(*document_.csv, settings_.headerRow);
     const RedrawScope still(window_);
     std::swap(document_.rows, rows);
-    ShowRows(place);
+    ShowRows(place);  // at once: the grid still refers to the rows before
+    RefreshSource();
 }
 
 }  // namespace rl
