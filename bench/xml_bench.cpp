@@ -180,10 +180,11 @@ using rl::bench::Warmth;
 constexpr double kBytes = kUnits;
 constexpr double kAttackBytes = kAttackUnits;
 
-// The last figure of a parse: bytes reserved for nodes and attributes against those filled.
+// In the last row a byte stands for a member. The last figure of a parse: bytes reserved for nodes
+// and attributes against those filled.
 constexpr rl::bench::Row kRows[] = {
     {"xml: parse of decoded text against RapidXML, cold", "parse", "rapidxml", Warmth::Cold, kBytes,
-     2.0, 1.75, 1.01},
+     2.0, 2.05, 1.01},
     {"xml: the same, warm", "parse", "rapidxml", Warmth::Warm, kBytes, 2.0, 0, 1.01},
     {"xml: parse against the plain kernel, warm", "parse", "parse_plain", Warmth::Warm, kBytes},
     {"xml: a million levels and more against events", "nested", "events", Warmth::Cold,
@@ -195,7 +196,7 @@ constexpr rl::bench::Row kRows[] = {
     {"xml: quotes left open against events", "open_quotes", "events", Warmth::Cold, kAttackBytes,
      0.25},
     {"xml: records with no name in common against records alike", "table_differing", "table_alike",
-     Warmth::Cold, 0, 0.05},
+     Warmth::Cold, kRecords * 6, 0.05},
 };
 
 }  // namespace
