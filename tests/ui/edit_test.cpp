@@ -1,6 +1,10 @@
 // Edit mode and the editor over a cell of delimited text, by keys, clicks and menus.
 #include <gtest/gtest.h>
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <algorithm>
 
 #include "tests/ui/support/editing.h"
@@ -297,6 +301,36 @@ TEST(EditCell, NeverJoinsLinesUnasked) {
         EXPECT_EQ(TheFakes().beeps, std::vector<UINT>{MB_ICONEXCLAMATION});
         Key(VK_ESCAPE);
     }
+}
+
+TEST(EditCell, FollowsItsCellWhenColumnsAndFontsChange) {
+    UiHost host({.ini = kEditing});
+    const Viewer viewer = host.OpenText(kTable);
+    OpenEditor(viewer, 1, 1);
+    const auto expectOverCell = [&] {
+        RECT place{};
+        GetWindowRect(Editor(viewer), &place);
+        MapWindowPoints(nullptr, viewer.Grid(), reinterpret_cast<POINT*>(&place), 2);
+        const RECT cell = viewer.CellRect(1, 1);
+        EXPECT_TRUE(EqualRect(&place, &cell));
+        EXPECT_EQ(SendMessageW(Editor(viewer), WM_GETFONT, 0, 0),
+                  SendMessageW(viewer.Grid(), WM_GETFONT, 0, 0));
+    };
+    SendMessageW(viewer.Grid(), LVM_SETCOLUMNWIDTH, 0, 300);
+    expectOverCell();
+    TheFakes().dpi = 192;
+    SendMessageW(viewer.Window(), WM_DPICHANGED_AFTERPARENT, 0, 0);
+    expectOverCell();
+}
+
+TEST(EditCell, StoresWhenItsColumnIsHidden) {
+    UiHost host({.ini = kEditing});
+    const Viewer viewer = host.OpenText(kTable);
+    OpenEditor(viewer, 1, 1);
+    Fill(viewer, L"x");
+    Click(viewer.Header(), viewer.HeaderCenter(1), {VK_CONTROL});
+    EXPECT_EQ(Editor(viewer), nullptr);
+    EXPECT_EQ(viewer.Cell(1, 1), L"x");
 }
 
 TEST(EditCell, IsGivenUpWithTheViewer) {
