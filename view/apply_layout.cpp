@@ -4,6 +4,7 @@
 #include <commctrl.h>
 #include <span>
 
+#include "host/store/settings.h"
 #include "view/paint_scope.h"
 
 namespace rl {
@@ -50,13 +51,14 @@ LayoutInput Viewer::MeasureLayout() {
             .height = client.height,
             .statusHeight = statusHeight,
             .paneHeight = paneHeight_,
+            .treeWidth = settings::Get(settings::kTreeWidth),
             .dpi = dpi_,
             .loaded = loaded_,
             .dataTab = tab_ == ViewerTab::Data,
             .filterRow = settings_.filterRow,
             .valuePane = settings_.valuePane,
             .splitterDragged = draggingSplitter_,
-            .hasTree = false};
+            .hasTree = tree_.Window() != nullptr && document_.outline == nullptr};
 }
 
 void Viewer::ApplyLayout(const ViewerLayout& layout) {
@@ -65,9 +67,9 @@ void Viewer::ApplyLayout(const ViewerLayout& layout) {
     const Placement placements[] = {
         {placeholder_, layout.placeholder}, {tabs_.Window(), layout.tabs},
         {grid_.Window(), layout.grid},      {source_.Window(), layout.source},
-        {pane_.Window(), layout.pane},
+        {pane_.Window(), layout.pane},      {tree_.Window(), layout.tree},
     };
-    ApplyPlacements(placements);
+    ApplyPlacements(std::span(placements).first(tree_.Window() != nullptr ? 6 : 5));
     LayoutFilterRow();
     if (oldSplitter != layout.splitter) {
         const RECT band = ToRECT(layout.splitter);

@@ -25,6 +25,13 @@ bool Viewer::RunCommand(UINT id) {
         {Command::ToggleHeaderRow, &Viewer::OnToggleHeaderRow},
         {Command::ToggleLineNumbers, &Viewer::OnToggleLineNumbers},
         {Command::ToggleValuePane, &Viewer::OnToggleValuePane},
+        {Command::ToggleOutline, &Viewer::OnToggleOutline},
+        {Command::ExpandNode, &Viewer::OnExpandNode},
+        {Command::ExpandAll, &Viewer::OnExpandAll},
+        {Command::CollapseAll, &Viewer::OnCollapseAll},
+        {Command::CopyAsJson, &Viewer::OnCopyNodes},
+        {Command::CopyAsXml, &Viewer::OnCopyNodes},
+        {Command::CopyPath, &Viewer::OnCopyNodes},
         {Command::ToggleEdit, &Viewer::OnToggleEdit},
         {Command::Save, &Viewer::OnSave},
         {Command::InsertRow, &Viewer::InsertRowBelow},
@@ -58,7 +65,7 @@ bool Viewer::RunCommand(UINT id) {
 
 void Viewer::OnCopyCell(Command) {
     const GridCell cell = grid_.Current();
-    SetClipboardText(window_, grid_.CellText(cell.viewRow, cell.gridColumn));
+    SetClipboardText(window_, FullCellText(cell));
 }
 
 // Where there is nothing to copy, the clipboard keeps what it has.

@@ -10,6 +10,7 @@ namespace rl {
 // Identifiers of the viewer's child windows; the grid's stands in grid.h.
 inline constexpr int kStatusBarId = 1002;
 inline constexpr int kPlaceholderId = 1003;
+inline constexpr int kTreePaneId = 1004;
 inline constexpr int kTabStripId = 1005;
 inline constexpr int kSourceViewId = 1006;
 inline constexpr int kValuePaneId = 1007;

@@ -34,6 +34,23 @@ void Document::ClearModified() {
     }
 }
 
+const RecordSet& Document::Records() const {
+    if (!records) {
+        records = json != nullptr  ? FindRecordSet(*json)
+                  : xml != nullptr ? FindRecordSet(*xml)
+                                   : RecordSet();
+    }
+    return *records;
+}
+
+void Document::SwapContent(Document& other) {
+    std::swap(outline, other.outline);
+    std::swap(jsonTable, other.jsonTable);
+    std::swap(xmlTable, other.xmlTable);
+    std::swap(tableNode, other.tableNode);
+    std::swap(rows, other.rows);
+}
+
 std::wstring Document::ValueOf(int32_t modelRow, int32_t column) const {
     return ShowsOutline() ? outline->FullValueText(modelRow)
                           : rows->Model().CellText(modelRow, column);

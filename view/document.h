@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "load/loaded_doc.h"
 #include "load/text/text_encoding.h"
@@ -13,6 +14,7 @@
 #include "model/json_document.h"
 #include "model/json_table.h"
 #include "model/outline_model.h"
+#include "model/record_set.h"
 #include "model/xml_document.h"
 #include "model/xml_table.h"
 #include "view/logic/row_view.h"
@@ -34,6 +36,11 @@ struct Document {
     int32_t tableNode = -1;  // the node the table shows
 
     std::unique_ptr<RowView> rows;
+
+    /// The largest record set of JSON or XML; looked for once.
+    [[nodiscard]] const RecordSet& Records() const;
+    /// Exchanges what is shown, not what was loaded.
+    void SwapContent(Document& other);
 
     // Edits were saved, but the text above is still the one that was loaded.
     bool hasSavedEdits = false;
@@ -58,6 +65,8 @@ struct Document {
     [[nodiscard]] std::wstring ValueOf(int32_t modelRow, int32_t column) const;
     /// Gives a cell another value. False, and perhaps a short reason, where the text does not fit.
     bool SetValue(int32_t modelRow, int32_t column, const std::wstring& text, std::wstring& reason);
+
+    mutable std::optional<RecordSet> records;  // as far as it has been asked for
 };
 
 /// Takes over what a load has brought; nothing is shown of it yet.

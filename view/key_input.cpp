@@ -101,6 +101,10 @@ Answer Viewer::OnGridMessage(const Message& in) {
             return OnEditorColors(in);
         }
     }
+    if (in.id == WM_KEYDOWN && OnOutlineKey(in.wparam)) {
+        swallowCharacters_ = true;
+        return 0;
+    }
     return OnPartKey(in, KeyFocus::Grid);
 }
 

@@ -25,6 +25,7 @@ void Viewer::ApplyTheme() {
     SetControlDark(pane_.Window(), colors_.dark);
     SetControlDark(grid_.Window(), colors_.dark);
     grid_.SetColors(colors_);
+    tree_.SetColors(colors_);
     filters_.SetLook(FilterLook());
     tabs_.SetColors(colors_);
     source_.SetColors(sourceColors_, colors_.dark);
@@ -39,6 +40,7 @@ void Viewer::RebuildFonts() {
     SetControlFont(placeholder_, fonts.normal.Get());
     SetControlFont(pane_.Window(), fonts.normal.Get());
     grid_.SetFonts(fonts.normal.Get(), fonts.bold.Get(), dpi_);
+    tree_.SetFont(fonts.normal.Get(), dpi_);
     tabs_.SetFonts(fonts.normal.Get(), fonts.bold.Get(), dpi_);
     source_.SetFont(fonts.source.Get());
     SetControlFont(editor_.Window(), fonts.normal.Get());

@@ -15,6 +15,7 @@ ViewSettings CaptureViewSettings() {
     out.valuePane = IsOn(settings::kValuePane);
     out.headerRow = IsOn(settings::kHeaderRow);
     out.filterRow = IsOn(settings::kFilterRow);
+    out.outline = IsOn(settings::kTreeOutline);
     out.lineNumbers = IsOn(settings::kShowLineNumbers);
     out.decimalAlign = IsOn(settings::kDecimalAlign);
     out.gridLines = !IsOn(settings::kDisableGridLines);

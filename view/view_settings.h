@@ -12,6 +12,7 @@ struct ViewSettings {
     bool headerRow = true;
     bool filterRow = true;
     bool lineNumbers = false;
+    bool outline = true;  // JSON and XML as an outline; else a tree and record tables
     bool decimalAlign = true;
     bool gridLines = true;
     bool startsInEditMode = false;

@@ -24,6 +24,7 @@
 #include "load/load_worker.h"
 #include "load/loaded_doc.h"
 #include "load/text/document_kind.h"
+#include "model/node_copy.h"
 #include "view/cell_editor.h"
 #include "view/document.h"
 #include "view/filter_row.h"
@@ -44,6 +45,7 @@
 #include "view/status_bar.h"
 #include "view/subclass.h"
 #include "view/tab_strip.h"
+#include "view/tree_pane.h"
 #include "view/value_pane.h"
 #include "view/view_settings.h"
 
@@ -55,7 +57,8 @@ inline constexpr UINT kFocusRequest = WM_APP + 101;
 class Viewer final : public std::enable_shared_from_this<Viewer>,
                      private IGridListener,
                      private IFilterRowListener,
-                     private ICellEditorListener {
+                     private ICellEditorListener,
+                     private ITreePaneListener {
 public:
     /// Opens a viewer for `path` inside `host`; `showFlags` as the host gave them. Returns at once:
     /// the document is read later. Null when the window cannot be made.
@@ -131,6 +134,7 @@ private:
     [[nodiscard]] FilterRow::Look FilterLook() const;
     void RebuildFilterRow();
     void LayoutFilterRow();
+    [[nodiscard]] int FilteredRowCount() const;
     Answer OnEditColors(HDC dc, HWND control);
     void ApplyPendingFilter();
     void ApplyFilter(int gridColumn);
@@ -165,14 +169,43 @@ private:
     // viewer_reload.cpp
     [[nodiscard]] UserPlace RememberPlace() const;
     void ReturnTo(const UserPlace& place);
-    [[nodiscard]] std::unique_ptr<RowView> MakeRows(const ITableModel& model, bool header) const;
-    void MakeContent(Document& document) const;
     void ShowRows(const UserPlace& place);
     void ShowInstead(const UserPlace& place, const std::function<void()>& exchange);
     void ReplaceRows(std::unique_ptr<RowView> rows);
     [[nodiscard]] LoadOptions CurrentLoadOptions() const;
     bool Reload(const LoadOptions& options);
     void ReloadAs(Command command);
+
+    void KeepNodes(UserPlace& place, Document& fresh) const;
+
+    // viewer_tree.cpp
+    [[nodiscard]] std::unique_ptr<RowView> MakeRows(const ITableModel& model, bool header) const;
+    void MakeContent(Document& document) const;
+    void MakeOutline(const Document& of, Document& into) const;
+    void MakeTable(const Document& of, Document& into, int32_t node) const;
+    void FillTree();
+    void SelectFirstOutlineRow();
+    void OnToggleOutline(Command command);
+    void ShowOutline(bool outline);
+    void ShowContent(Document& made);
+    void OnTreeNodeSelected(int32_t node) override;
+    Answer OnTreeNotify(NMHDR& note);
+
+    // viewer_outline.cpp
+    [[nodiscard]] int CurrentViewRow() const;
+    [[nodiscard]] OutlineRow CurrentOutlineRow() const;
+    bool OnOutlineKey(WPARAM key);
+    [[nodiscard]] int OutlineParentOf(int viewRow) const;
+    void GoToOutlineRow(int viewRow);
+    void OutlineChanged(int modelRow);
+    void ToggleOutlineRow(int viewRow);
+    void OnExpandNode(Command command);
+    void OnExpandAll(Command command);
+    void OnCollapseAll(Command command);
+    void OnExpanderClicked(int viewRow);
+    void FilterOutline(int column, const std::wstring& text, bool caseSensitive);
+    void RevealMatches(std::wstring_view text);
+    void OnCopyNodes(Command command);
 
     // viewer_menus.cpp
     void BuildMenus();
@@ -237,6 +270,8 @@ private:
     // viewer_show.cpp
     void SwitchTab(ViewerTab tab);
     void FocusContent();
+    [[nodiscard]] std::wstring FullCellText(GridCell cell) const;
+    [[nodiscard]] bool TogglesByDoubleClick(GridCell cell) const;
     void UpdateValuePane();
     void UpdateStatusBar();
     [[nodiscard]] StatusState DescribeStatus() const;
@@ -290,6 +325,7 @@ private:
 
     Document document_;
     CellEditor editor_;
+    TreePane tree_;
     EditedCell edited_;        // while the editor is open
     bool endingEdit_ = false;  // closing the editor takes its focus: that must not end it again
     bool asking_ = false;      // the save question is on screen

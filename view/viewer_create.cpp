@@ -122,6 +122,9 @@ bool Viewer::CreateControls() {
         !tabs_.Create(window_) || !pane_.Create(window_)) {
         return false;
     }
+    if (kind_ != DocumentKind::Csv && !tree_.Create(window_, *this)) {
+        return false;
+    }
     (void)source_.Create(window_);  // the viewer does without
     filters_.Attach(window_, *this);
     RebuildFonts();
@@ -139,8 +142,11 @@ bool Viewer::CreateControls() {
 // Every child's messages pass here first. That keeps the viewer's object, and with it the child's
 // own part of it, alive for as long as any of its messages is being worked on.
 void Viewer::WatchChildren() {
-    for (HWND child :
-         {grid_.Window(), tabs_.Window(), pane_.Window(), source_.Window(), status_.Window()}) {
+    for (HWND child : {grid_.Window(), tree_.Window(), tabs_.Window(), pane_.Window(),
+                       source_.Window(), status_.Window()}) {
+        if (child == nullptr) {
+            continue;
+        }
         const auto ask = [this](HWND window, const Message& in) -> Answer {
             const std::shared_ptr<Viewer> alive = weak_from_this().lock();
             if (alive == nullptr) {

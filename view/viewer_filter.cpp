@@ -43,12 +43,17 @@ Answer Viewer::OnEditColors(HDC dc, HWND control) {
     return reinterpret_cast<LRESULT>(brushes_.filterBack.Get());
 }
 
+/// How many rows a filter looks at; in an outline also those that are not listed.
+int Viewer::FilteredRowCount() const {
+    return document_.ShowsOutline() ? document_.outline->NodeCount()
+                                    : document_.rows->Model().RowCount();
+}
+
 void Viewer::OnFilterTyped(int gridColumn) {
     if (!loaded_ || document_.rows == nullptr) {
         return;
     }
-    const FilterStep step =
-        PlanTypedFilter(gridColumn, pendingFilter_, document_.rows->Model().RowCount());
+    const FilterStep step = PlanTypedFilter(gridColumn, pendingFilter_, FilteredRowCount());
     pendingFilter_ = step.pending;
     ApplyFilter(step.applyFirst);
     ApplyFilter(step.applyNow);
@@ -72,8 +77,13 @@ void Viewer::ApplyFilter(int gridColumn) {
     CloseCellEdit();
     {
         const WaitCursor waiting;
-        document_.rows->SetCaseSensitive(settings::IsOn(settings::kFilterCaseSensitive));
-        document_.rows->SetFilter(dataColumn, filters_.TextOf(gridColumn));
+        const bool caseSensitive = settings::IsOn(settings::kFilterCaseSensitive);
+        if (document_.ShowsOutline()) {
+            FilterOutline(dataColumn, filters_.TextOf(gridColumn), caseSensitive);
+        } else {
+            document_.rows->SetCaseSensitive(caseSensitive);
+            document_.rows->SetFilter(dataColumn, filters_.TextOf(gridColumn));
+        }
     }
     grid_.ClearTypeAhead();
     grid_.SetCurrent({});
@@ -85,7 +95,7 @@ void Viewer::ApplyFilter(int gridColumn) {
 
 void Viewer::OnHeaderClick(int gridColumn) {
     const int dataColumn = grid_.DataColumn(gridColumn);
-    if (!loaded_ || dataColumn < 0 || document_.rows == nullptr || !EndCellEdit(true)) {
+    if (!loaded_ || document_.csv == nullptr || dataColumn < 0 || !EndCellEdit(true)) {
         return;
     }
     SortBy(gridColumn, NextSortDirection(dataColumn, document_.rows->SortColumn(),
@@ -145,8 +155,12 @@ std::shared_ptr<void> Viewer::KeepAlive() {
 // Round through grid, filter boxes and value pane. A box out of sight is brought into view first.
 void Viewer::MoveFocus(HWND from, bool backwards) {
     constexpr int kGridStop = -1;
+    constexpr int kTreeStop = -2;
     const int paneStop = filters_.SlotCount();
     std::vector<int> stops{kGridStop};
+    if (!layout_.tree.IsEmpty()) {
+        stops.insert(stops.begin(), kTreeStop);
+    }
     if (!layout_.filter.IsEmpty()) {
         for (int column = 0; column < filters_.SlotCount(); ++column) {
             if (grid_.DataColumn(column) >= 0 && grid_.ColumnWidth(column) > 0) {
@@ -158,12 +172,17 @@ void Viewer::MoveFocus(HWND from, bool backwards) {
         stops.push_back(paneStop);
     }
     const int column = filters_.ColumnOf(from);
-    const int at = from == pane_.Window() ? paneStop : column >= 0 ? column : kGridStop;
+    const int at = from == pane_.Window()                      ? paneStop
+                   : from != nullptr && from == tree_.Window() ? kTreeStop
+                   : column >= 0                               ? column
+                                                               : kGridStop;
     const auto place = std::ranges::find(stops, at) - stops.begin();
     const auto count = static_cast<std::ptrdiff_t>(stops.size());
     const int next = stops[static_cast<size_t>((place + (backwards ? count - 1 : 1)) % count)];
-    if (next == kGridStop || next == paneStop) {
-        SetFocus(next == paneStop ? pane_.Window() : grid_.Window());
+    if (next < 0 || next == paneStop) {
+        SetFocus(next == paneStop    ? pane_.Window()
+                 : next == kTreeStop ? tree_.Window()
+                                     : grid_.Window());
         return;
     }
     grid_.BringIntoView({-1, next});

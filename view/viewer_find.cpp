@@ -15,6 +15,9 @@ bool Viewer::Find(std::wstring_view text, int flags) {
                               .matchCase = (flags & lister::kMatchCase) != 0,
                               .wholeWords = (flags & lister::kWholeWords) != 0,
                               .backwards = (flags & lister::kBackwards) != 0};
+    if (document_.ShowsOutline() && !text.empty() && finder_.IsFresh(request)) {
+        RevealMatches(text);
+    }
     const FindAnswer answer = finder_.Find(RowCells(*document_.rows), request);
     if (answer.outcome == FindOutcome::AtEnd) {
         MessageBeep(MB_OK);

@@ -73,6 +73,8 @@ void Viewer::Adopt(detail::LoadedDoc& doc) {
         FillSourceView();
     }
     RebuildFilterRow();
+    FillTree();
+    SelectFirstOutlineRow();
     UpdateValuePane();
     UpdateStatusBar();
     Relayout();

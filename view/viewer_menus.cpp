@@ -40,6 +40,8 @@ CommandState Viewer::DescribeCommands() const {
     state.columnCount = document_.rows->Model().ColumnCount();
     state.currentRow = cell.viewRow;
     state.currentDataColumn = grid_.DataColumn(cell.gridColumn);
+    state.outlineInGrid = document_.ShowsOutline();
+    state.canExpandNode = CurrentOutlineRow().hasChildren;
     state.encodingName = document_.encoding.name;
     if (document_.csv != nullptr) {
         state.delimiter = document_.csv->Delimiter();

@@ -91,6 +91,9 @@ Answer Viewer::OnNotify(NMHDR& note) {
     if (note.hwndFrom == grid_.Window() || note.hwndFrom == grid_.Header()) {
         return loaded_ ? grid_.OnNotify(note) : Answer(0);
     }
+    if (tree_.Window() != nullptr && note.hwndFrom == tree_.Window()) {
+        return OnTreeNotify(note);
+    }
     struct Route {
         UINT_PTR control;
         UINT code;
@@ -202,7 +205,7 @@ Answer Viewer::OnChildMessage(HWND child, const Message& in) {
     if (in.id == WM_MOUSEWHEEL) {
         return OnWheel(in.wparam);
     }
-    if (child == source_.Window() || child == pane_.Window()) {
+    if (child == source_.Window() || child == pane_.Window() || child == tree_.Window()) {
         return OnPartKey(in, KeyFocus::Source);
     }
     return std::nullopt;

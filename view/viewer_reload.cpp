@@ -74,26 +74,6 @@ void Viewer::ReturnTo(const UserPlace& place) {
     }
 }
 
-// A view begins unsorted and without filters.
-std::unique_ptr<RowView> Viewer::MakeRows(const ITableModel& model, bool header) const {
-    auto rows = std::make_unique<RowView>(model, header);
-    rows->SetCaseSensitive(settings::IsOn(settings::kFilterCaseSensitive));
-    return rows;
-}
-
-/// What the grid shows of a document that has just been read.
-void Viewer::MakeContent(Document& document) const {
-    if (document.csv != nullptr) {
-        document.rows = MakeRows(*document.csv, settings_.headerRow);
-        return;
-    }
-    const int expandMax = settings::Get(settings::kOutlineExpandMax);
-    document.outline = document.json != nullptr
-                           ? std::make_unique<TreeTableView>(*document.json, expandMax)
-                           : std::make_unique<TreeTableView>(*document.xml, expandMax);
-    document.rows = MakeRows(*document.outline, false);
-}
-
 void Viewer::ShowRows(const UserPlace& place) {
     EndCellEdit(false);
     try {
@@ -142,6 +122,30 @@ LoadOptions Viewer::CurrentLoadOptions() const {
     return options;
 }
 
+/// Where the same nodes stand in another reading of the document, when it has as many.
+void Viewer::KeepNodes(UserPlace& place, Document& fresh) const {
+    const bool isSame =
+        (fresh.json != nullptr && fresh.json->nodes.size() == document_.json->nodes.size()) ||
+        (fresh.xml != nullptr && fresh.xml->nodes.size() == document_.xml->nodes.size() &&
+         fresh.xml->attributes.size() == document_.xml->attributes.size());
+    if (fresh.csv != nullptr || !isSame) {
+        place = fresh.csv != nullptr ? place : UserPlace();
+        return;
+    }
+    if (fresh.outline == nullptr) {
+        MakeTable(fresh, fresh, document_.tableNode);
+        return;
+    }
+    const auto reveal = [&](int modelRow) {
+        const OutlineRow row = document_.outline->Row(modelRow);
+        return row.node < 0 ? -1
+                            : fresh.outline->RevealNode(row.node, row.IsAttribute() ? row.aux : -1);
+    };
+    place.topModelRow = reveal(place.topModelRow);
+    place.modelRow = reveal(place.modelRow);
+    fresh.rows->Rebuild();
+}
+
 bool Viewer::Reload(const LoadOptions& options) {
     const WaitCursor wait;
     const LoadJob job{.doc = std::make_shared<detail::LoadedDoc>(),
@@ -163,7 +167,9 @@ bool Viewer::Reload(const LoadOptions& options) {
         place.modelRow = SameRow(*document_.csv, place.modelRow, *fresh.csv);
         place.topModelRow = SameRow(*document_.csv, place.topModelRow, *fresh.csv);
     }
+    KeepNodes(place, fresh);
     ShowInstead(place, [&] { std::swap(document_, fresh); });
+    FillTree();
     finder_.Reset();
     RefreshSource();
     ShowRows(place);

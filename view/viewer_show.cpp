@@ -26,9 +26,26 @@ void DescribeOutline(const Document& document, StatusState& state) {
     state.isJsonLines = document.json != nullptr && document.json->lines;
     state.isMalformed = document.xml != nullptr && document.xml->malformed;
     state.isCapped = outline.IsCapped();
+    state.recordCount = document.Records().size;
     const int row = document.rows->ModelRow(state.focusedRow);
     if (row >= 0) {
         state.nodeName = outline.CellText(row, 0);
+    }
+}
+
+/// The table of one node, its header row left out of the counts.
+void DescribeTable(const Document& document, StatusState& state) {
+    state.totalRows = document.rows->Model().RowCount() - 1;
+    if (document.json != nullptr) {
+        state.kind = StatusKind::Json;
+        state.isJsonLines = document.json->lines;
+        state.isMalformed = document.json->salvaged;
+        state.nodeName = document.json->TypeName(document.tableNode);
+    } else {
+        state.kind = StatusKind::Xml;
+        state.isMalformed = document.xml->malformed;
+        state.isKeyValue = document.xmlTable->IsKeyValue();
+        state.nodeName = document.xml->NodeName(document.tableNode);
     }
 }
 
@@ -59,12 +76,20 @@ void Viewer::FocusContent() {
     SetFocus(tab_ == ViewerTab::Source ? source_.Window() : grid_.Window());
 }
 
+/// A cell's text; in an outline, which shows values on one line, the value as it is.
+std::wstring Viewer::FullCellText(GridCell cell) const {
+    const int modelRow = document_.rows->ModelRow(cell.viewRow);
+    const bool isValue = document_.ShowsOutline() && grid_.DataColumn(cell.gridColumn) == 1;
+    return isValue && modelRow >= 0 ? document_.outline->FullValueText(modelRow)
+                                    : grid_.CellText(cell.viewRow, cell.gridColumn);
+}
+
 void Viewer::UpdateValuePane() {
     if (!loaded_ || !settings_.valuePane) {
         return;
     }
     const GridCell cell = grid_.Current();
-    pane_.Show(cell.IsCell() ? grid_.CellText(cell.viewRow, cell.gridColumn) : std::wstring());
+    pane_.Show(cell.IsCell() ? FullCellText(cell) : std::wstring());
 }
 
 void Viewer::UpdateStatusBar() {
@@ -87,6 +112,8 @@ StatusState Viewer::DescribeStatus() const {
         DescribeDelimited(*document_.csv, document_, state);
     } else if (document_.outline != nullptr) {
         DescribeOutline(document_, state);
+    } else {
+        DescribeTable(document_, state);
     }
     return state;
 }
@@ -107,8 +134,18 @@ bool Viewer::OnCellPressed(GridClick, GridCell) {
     return !EndCellEdit(true);
 }
 
+/// In an outline, unless the double click begins to edit a value.
+bool Viewer::TogglesByDoubleClick(GridCell cell) const {
+    const int column = grid_.DataColumn(cell.gridColumn);
+    return document_.ShowsOutline() &&
+           !(editMode_ && column != 0 &&
+             document_.outline->IsCellEditable(document_.rows->ModelRow(cell.viewRow), column));
+}
+
 void Viewer::OnCellClicked(GridClick click, GridCell cell) {
-    if (click == GridClick::Double) {
+    if (click == GridClick::Double && TogglesByDoubleClick(cell)) {
+        ToggleOutlineRow(cell.viewRow);
+    } else if (click == GridClick::Double) {
         BeginCellEdit(cell);
     } else if (click == GridClick::Single && IsKeyDown(VK_MENU)) {
         OpenLinkIn(window_, grid_.CellText(cell.viewRow, cell.gridColumn));

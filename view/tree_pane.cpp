@@ -1,0 +1,185 @@
+// An item's data is its node's index + 1; 0 marks the child that stands for those not yet listed.
+#include "view/tree_pane.h"
+
+#include <string>
+#include <vector>
+
+#include "view/control.h"
+#include "view/flag_scope.h"
+#include "view/logic/geometry.h"
+
+namespace rl {
+
+namespace {
+
+constexpr int kIndent = 18;  // at 96 dpi
+
+}  // namespace
+
+bool TreePane::Create(HWND parent, ITreePaneListener& listener) {
+    constexpr DWORD kStyle =
+        WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS;
+    listener_ = &listener;
+    window_ = CreateControl(parent, WC_TREEVIEWW, L"Tree", kStyle, kTreePaneId);
+    return window_ != nullptr;
+}
+
+void TreePane::SetFont(HFONT font, int dpi) {
+    if (window_ == nullptr) {
+        return;
+    }
+    SetControlFont(window_, font);
+    SendMessageW(window_, TVM_SETITEMHEIGHT, static_cast<WPARAM>(-1), 0);  // by the font again
+    SendMessageW(window_, TVM_SETINDENT, static_cast<WPARAM>(Scale(kIndent, dpi)), 0);
+}
+
+void TreePane::SetColors(const ThemeColors& colors) {
+    if (window_ == nullptr) {
+        return;
+    }
+    colors_ = colors;
+    SetControlDark(window_, colors.dark);
+    SendMessageW(window_, TVM_SETBKCOLOR, 0, static_cast<LPARAM>(colors.back));
+    SendMessageW(window_, TVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(colors.text));
+    SendMessageW(window_, TVM_SETLINECOLOR, 0, static_cast<LPARAM>(colors.lineNumberText));
+}
+
+void TreePane::Show(const TreeItems& items) {
+    Clear();
+    items_ = items;
+    const RedrawScope still(window_);
+    HTREEITEM last = TVI_FIRST;
+    int32_t position = 0;
+    for (const int32_t node : items_.TopNodes()) {
+        last = Insert(TVI_ROOT, last, node, position++);
+        if (last == nullptr) {
+            return;
+        }
+        Open(last);
+    }
+}
+
+void TreePane::Clear() {
+    const FlagScope quiet(clearing_);
+    const RedrawScope still(window_);
+    itemOf_.clear();
+    SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+    items_ = {};
+}
+
+bool TreePane::Select(int32_t node) {
+    HTREEITEM item = nullptr;
+    for (const int32_t step : items_.PathTo(node)) {
+        if (item != nullptr) {
+            Open(item);
+        }
+        const auto found = itemOf_.find(step);
+        if (found == itemOf_.end()) {
+            return false;
+        }
+        item = found->second;
+    }
+    if (item == nullptr) {
+        return false;
+    }
+    SendMessageW(window_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+    return true;
+}
+
+int32_t TreePane::SelectedNode() const {
+    const auto item =
+        reinterpret_cast<HTREEITEM>(SendMessageW(window_, TVM_GETNEXTITEM, TVGN_CARET, 0));
+    return item == nullptr ? -1 : static_cast<int32_t>(DataOf(item)) - 1;
+}
+
+Answer TreePane::OnNotify(NMHDR& note) {
+    const auto& tree = reinterpret_cast<const NMTREEVIEWW&>(note);
+    switch (note.code) {
+        case TVN_ITEMEXPANDINGW:
+            if ((tree.action & TVE_EXPAND) != 0) {
+                Fill(tree.itemNew.hItem);
+            }
+            return FALSE;
+        case TVN_SELCHANGEDW:
+            if (!clearing_ && tree.itemNew.hItem != nullptr && DataOf(tree.itemNew.hItem) > 0) {
+                listener_->OnTreeNodeSelected(static_cast<int32_t>(DataOf(tree.itemNew.hItem)) - 1);
+            }
+            return 0;
+        case NM_CUSTOMDRAW: return OnDraw(reinterpret_cast<NMTVCUSTOMDRAW&>(note));
+        default: return std::nullopt;
+    }
+}
+
+// The system's own colours of a selected item are made for its own background.
+LRESULT TreePane::OnDraw(NMTVCUSTOMDRAW& draw) const {
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) {
+        return CDRF_NOTIFYITEMDRAW;
+    }
+    if (draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && (draw.nmcd.uItemState & CDIS_SELECTED) != 0) {
+        draw.clrText = colors_.selectionText;
+        draw.clrTextBk = colors_.selectionBack;
+    }
+    return CDRF_DODEFAULT;
+}
+
+HTREEITEM TreePane::Insert(HTREEITEM parent, HTREEITEM after, int32_t node, int32_t position) {
+    std::wstring label = items_.Label(node, position);
+    TVINSERTSTRUCTW insert{};
+    insert.hParent = parent;
+    insert.hInsertAfter = after;
+    insert.itemex.mask = TVIF_TEXT | TVIF_PARAM;
+    insert.itemex.pszText = label.data();
+    insert.itemex.lParam = LPARAM{node} + 1;
+    const auto item = reinterpret_cast<HTREEITEM>(
+        SendMessageW(window_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
+    if (item == nullptr) {
+        return nullptr;
+    }
+    itemOf_[node] = item;
+    if (items_.HasChildren(node)) {
+        TVINSERTSTRUCTW more{};
+        more.hParent = item;
+        more.hInsertAfter = TVI_FIRST;
+        more.itemex.mask = TVIF_PARAM;
+        SendMessageW(window_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&more));
+    }
+    return item;
+}
+
+// Each is put behind the one before: where the control would look for the last one, many children
+// would take it long.
+void TreePane::Fill(HTREEITEM item) {
+    const auto first = reinterpret_cast<HTREEITEM>(
+        SendMessageW(window_, TVM_GETNEXTITEM, TVGN_CHILD, reinterpret_cast<LPARAM>(item)));
+    if (first == nullptr || DataOf(first) != 0) {
+        return;
+    }
+    const std::vector<int32_t> children = items_.Children(static_cast<int32_t>(DataOf(item)) - 1);
+    const RedrawScope still(window_);
+    SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(first));
+    HTREEITEM last = TVI_FIRST;
+    int32_t position = 0;
+    for (const int32_t child : children) {
+        last = Insert(item, last, child, position++);
+        if (last == nullptr) {
+            return;
+        }
+    }
+}
+
+// The control does not ask for the children when it is told to open an item.
+void TreePane::Open(HTREEITEM item) {
+    Fill(item);
+    SendMessageW(window_, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(item));
+}
+
+LPARAM TreePane::DataOf(HTREEITEM item) const {
+    TVITEMEXW found{};
+    found.mask = TVIF_PARAM | TVIF_HANDLE;
+    found.hItem = item;
+    return SendMessageW(window_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&found)) != 0
+               ? found.lParam
+               : 0;
+}
+
+}  // namespace rl
