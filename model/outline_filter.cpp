@@ -110,7 +110,7 @@ void TreeTableView::MarkMatches() {
     std::wstring text;
     const auto& [names, values] = filters_;
     for (int32_t node = tree_.Root(); node < tree_.Size(); ++node) {
-        const int32_t position = positions.Next(node);
+        const int32_t position = names.text.empty() ? -1 : positions.Next(node);
         if (!tree_.IsRow(node)) {
             continue;
         }
@@ -124,7 +124,7 @@ void TreeTableView::MarkMatches() {
             FoldOntoOneLine(text);
             passes = values.Passes(text);
         }
-        if (MarkAttributes(node, text)) {
+        if (tree_.Xml() != nullptr && MarkAttributes(node, text)) {
             state_.Set(node, kOutlineOpen);
             passes = true;
         }
