@@ -49,7 +49,8 @@ inline bool IsJson(std::wstring_view text) {
 }
 
 /// Whether the whole text is one XML document. Expat knows the letters of an early Unicode only, so
-/// one of those stands in for everything beyond Latin-1; what XML forbids is sent as it is.
+/// one of those stands in for everything beyond Latin-1 and the first ideographs; what XML forbids
+/// is sent as it is.
 inline bool IsXml(std::wstring_view text) {
     const auto isHigh = [&](size_t at) { return text[at] >= 0xD800 && text[at] <= 0xDBFF; };
     const auto isLow = [&](size_t at) { return text[at] >= 0xDC00 && text[at] <= 0xDFFF; };
@@ -59,7 +60,8 @@ inline bool IsXml(std::wstring_view text) {
         const bool isPaired = (isHigh(i) && i + 1 < text.size() && isLow(i + 1)) ||
                               (isLow(i) && i > 0 && isHigh(i - 1));
         const bool isHalf = (isHigh(i) || isLow(i)) && !isPaired;
-        const bool isSentAsItIs = text[i] < 0x100 || text[i] >= 0xFFFD || isHalf;
+        const bool isIdeograph = text[i] >= 0x4E00 && text[i] <= 0x9FA5;
+        const bool isSentAsItIs = text[i] < 0x100 || isIdeograph || text[i] >= 0xFFFD || isHalf;
         const auto sent = static_cast<uint32_t>(isSentAsItIs ? text[i] : 0x4E2D);
         bytes += static_cast<char>(sent & 0xFF);
         bytes += static_cast<char>(sent >> 8);
