@@ -11,10 +11,13 @@ bool Document::IsModified() const {
 
 const std::wstring& Document::Text() const {
     static const std::wstring kNone;
-    return csv != nullptr    ? csv->Text()
-           : json != nullptr ? json->text
-           : xml != nullptr  ? xml->text
-                             : kNone;
+    if (csv != nullptr) {
+        return csv->Text();
+    }
+    if (json != nullptr) {
+        return json->text;
+    }
+    return xml != nullptr ? xml->text : kNone;
 }
 
 std::wstring Document::Serialize() const {
@@ -81,10 +84,12 @@ Document DocumentOf(detail::LoadedDoc& doc, bool delimiterDetected) {
     made.json = std::move(doc.jsonDoc);
     made.xml = std::move(doc.xmlDoc);
     made.delimiterDetected = delimiterDetected;
-    if (made.IsLoaded()) {
-        made.encoding = made.csv != nullptr    ? made.csv->encoding
-                        : made.json != nullptr ? made.json->encoding
-                                               : made.xml->encoding;
+    if (made.csv != nullptr) {
+        made.encoding = made.csv->encoding;
+    } else if (made.json != nullptr) {
+        made.encoding = made.json->encoding;
+    } else if (made.xml != nullptr) {
+        made.encoding = made.xml->encoding;
     }
     return made;
 }
