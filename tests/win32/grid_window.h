@@ -113,6 +113,7 @@ public:
     }
     void OnHeaderClick(int gridColumn) override { headerClicked = gridColumn; }
     void OnHeaderMenu() override { ++headerMenus; }
+    void OnExpanderClicked(int viewRow) override { expanders.push_back(viewRow); }
 
     void Reset() {
         cellChanges = columnMoves = fontSteps = 0;
@@ -224,6 +225,7 @@ public:
     int headerMenus = 0;
     int headerClicked = -1;
     bool usePress = false;
+    std::vector<int> expanders;
     GridCell pressed, clicked;
     GridClick lastClick = GridClick::Single;
     std::function<Answer(const Message&)> onMessage;

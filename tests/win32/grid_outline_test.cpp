@@ -1,0 +1,419 @@
+// An outline in the grid on a real window: pixels of its name cells, the boxes under the mouse, the
+// value column and what is put back for the next table.
+#include <gtest/gtest.h>
+
+#include "model/outline_model.h"
+#include "tests/win32/grid_window.h"
+
+namespace rl::test {
+namespace {
+
+constexpr ThemeColors kColors{.text = 0x202020,
+                              .back = 0xFFFFFF,
+                              .back2 = 0xF0F0F0,
+                              .headerText = 0x000000,
+                              .headerBack = 0xE0E0E0,
+                              .currentCellBack = 0x00C0C0,
+                              .selectionText = 0xFFFF00,
+                              .selectionBack = 0x800000,
+                              .lineNumberText = 0x010101,
+                              .lineNumberBack = 0xEEEEEE,
+                              .accent = 0x0000FF};
+constexpr SourceColors kSyntax{.tag = 0xC00000,
+                               .attribute = 0x00A000,
+                               .string = 0x0000C0,
+                               .number = 0xC000C0,
+                               .keyword = 0xC0C000,
+                               .comment = 0x808000};
+
+constexpr std::wstring_view kJson =
+    LR"({"name": "x", "list": [{"id": "first", "deep": [1, 2]}, 3], "none": null})";
+
+struct OutlineOptions {
+    std::wstring json = std::wstring(kJson);
+    GridWindowOptions window = {.colors = kColors};
+    int32_t expandMax = 0;  // everything open
+};
+
+/// A grid that shows the outline of a JSON text.
+class OutlineWindow {
+public:
+    explicit OutlineWindow(OutlineOptions options = {}) : window({}, options.window) {
+        EXPECT_TRUE(document.Parse(options.json, false, false));
+        outline.emplace(document, options.expandMax);
+        view.emplace(*outline, false);
+        style = options.window.style;
+        style.outline = &*outline;
+        window.grid.SetOutlineColors(kSyntax);
+        window.grid.ShowTable(&*view, style);
+        window.Paint();
+        window.Reset();
+    }
+
+    [[nodiscard]] Grid& TheGrid() { return window.grid; }
+    [[nodiscard]] RECT Name(int row) {
+        return window.grid.CellBounds({row, window.grid.GridColumnOf(0)});
+    }
+    /// The bounds of a row's box at 96 dpi.
+    [[nodiscard]] RECT Box(int row) {
+        const RECT cell = Name(row);
+        const LONG left = cell.left + 5 + 16 * outline->Row(row).depth;
+        const LONG top = cell.top + (cell.bottom - cell.top - 10) / 2;
+        return {left, top, left + 10, top + 10};
+    }
+    [[nodiscard]] RECT Mark(int row) {
+        const RECT cell = Name(row);
+        const LONG left = cell.left + 18 + 16 * outline->Row(row).depth;
+        const LONG top = cell.top + (cell.bottom - cell.top - 7) / 2;
+        return {left, top, left + 7, top + 7};
+    }
+    [[nodiscard]] COLORREF Pixel(LONG x, LONG y) {
+        const WindowDc dc(window.grid.Window());
+        return GetPixel(dc.Get(), x, y);
+    }
+    [[nodiscard]] int Count(const RECT& area, COLORREF color) {
+        return GridWindow::CountPixels(window.grid.Window(), area, color);
+    }
+    [[nodiscard]] int Height(int row) {
+        const RECT cell = Name(row);
+        return cell.bottom - cell.top;
+    }
+    void Toggle(int row) {
+        EXPECT_TRUE(outline->Toggle(row));
+        view->Rebuild();
+        window.grid.RowsChanged(true);
+    }
+    void ClickAt(LONG x, LONG y, UINT down = WM_LBUTTONDOWN, UINT up = WM_LBUTTONUP) {
+        PostMessageW(window.grid.Window(), up, 0, MAKELPARAM(x, y));
+        window.Send(down, 0, MAKELPARAM(x, y));
+        window.Paint();
+    }
+    void MoveTo(LONG x, LONG y) {
+        window.Send(WM_MOUSEMOVE, 0, MAKELPARAM(x, y));
+        window.Paint();
+    }
+
+    JsonDocument document;
+    std::optional<TreeTableView> outline;
+    std::optional<RowView> view;
+    Grid::Style style;
+    GridWindow window;
+};
+
+TEST(GridOutline, NamesItsColumns) {
+    OutlineWindow shown;
+    EXPECT_EQ(shown.window.HeaderItemText(0), L"Name");
+    EXPECT_EQ(shown.window.HeaderItemText(1), L"Value");
+
+    OutlineWindow numbered({.window = {.style = {.lineNumbers = true}, .colors = kColors}});
+    EXPECT_EQ(numbered.window.HeaderItemText(0), L"#");
+    EXPECT_EQ(numbered.window.HeaderItemText(1), L"Name");
+    EXPECT_EQ(numbered.window.HeaderItemText(2), L"Value");
+}
+
+TEST(GridOutline, DrawsAMinusInAnOpenRowsBoxAndAPlusInAClosedOnes) {
+    OutlineWindow shown;
+    ASSERT_TRUE(shown.outline->Row(0).expanded);
+    RECT box = shown.Box(0);
+    const COLORREF line = MixColors(kColors.back, kColors.text, 130);
+
+    EXPECT_EQ(shown.Pixel(box.left, box.top), line);
+    EXPECT_EQ(shown.Pixel(box.right - 1, box.bottom - 1), line);
+    EXPECT_EQ(shown.Count(box, line), 4 * 9);
+    EXPECT_EQ(shown.Count(box, kColors.text), 6);
+
+    shown.Toggle(0);
+    shown.window.Paint();
+    box = shown.Box(0);
+    EXPECT_EQ(shown.Count(box, kColors.text), 11);
+    EXPECT_EQ(shown.window.Send(LVM_GETITEMCOUNT), 1);
+}
+
+TEST(GridOutline, MarksContainersWithSquaresAndLeavesWithDiscs) {
+    OutlineWindow shown;
+    const RECT square = shown.Mark(0);
+    EXPECT_EQ(shown.Pixel(square.left, square.top), MixColors(kSyntax.tag, kColors.text, 60));
+    EXPECT_EQ(shown.Pixel(square.left + 3, square.top + 3), kSyntax.tag);
+
+    const RECT disc = shown.Mark(1);  // "name", a string
+    EXPECT_EQ(shown.Pixel(disc.left, disc.top), kColors.back2);
+    EXPECT_EQ(shown.Pixel(disc.left + 3, disc.top + 3), kSyntax.string);
+    EXPECT_EQ(shown.Pixel(disc.left + 3, disc.top), MixColors(kSyntax.string, kColors.text, 60));
+    EXPECT_EQ(shown.Count(shown.Box(1), MixColors(kColors.back2, kColors.text, 130)), 0);
+}
+
+TEST(GridOutline, DrawsOneGuideForEachAncestor) {
+    OutlineWindow shown;
+    constexpr int kDeepRow = 6;  // the 1 in "deep"
+    ASSERT_EQ(shown.outline->Row(kDeepRow).depth, 4);
+    const RECT cell = shown.Name(kDeepRow);
+    const COLORREF guide = MixColors(kColors.back, kColors.text, 56);
+
+    for (int level = 0; level < 4; ++level) {
+        const LONG x = cell.left + 9 + 16 * level;
+        EXPECT_EQ(shown.Count({x, cell.top, x + 1, cell.bottom}, guide), cell.bottom - cell.top);
+    }
+    EXPECT_EQ(shown.Count({cell.left, cell.top, cell.left + 66, cell.bottom}, guide),
+              4 * (cell.bottom - cell.top));
+}
+
+TEST(GridOutline, WritesNameAndSummaryBesideTheMark) {
+    OutlineWindow shown;
+    constexpr int kObjectRow = 3;  // says how many it holds
+    ASSERT_EQ(shown.outline->SummaryText(kObjectRow), L"2 items");
+    const RECT mark = shown.Mark(kObjectRow);
+    const RECT cell = shown.Name(kObjectRow);
+    const RECT texts{mark.right + 5, cell.top, cell.right, cell.bottom};
+
+    EXPECT_GT(shown.Count(texts, kSyntax.tag), 0);
+    EXPECT_GT(shown.Count(texts, MixColors(kColors.back2, kColors.text, 150)), 0);
+    EXPECT_EQ(shown.Count({mark.right, cell.top, mark.right + 5, cell.bottom}, kColors.back2),
+              5 * (cell.bottom - cell.top));
+}
+
+TEST(GridOutline, PaintsASelectedRowInTheSelectionsColours) {
+    OutlineWindow shown;
+    shown.TheGrid().GoTo({3, 0});
+    shown.window.Paint();
+    const RECT cell = shown.Name(3);
+
+    EXPECT_EQ(shown.window.BackOf({3, 0}), kColors.selectionBack);
+    const RECT texts{shown.Mark(3).right + 5, cell.top, cell.right, cell.bottom};
+    EXPECT_GT(shown.Count(texts, kColors.selectionText), 0);
+    EXPECT_EQ(shown.Count(texts, kSyntax.tag), 0);
+    EXPECT_EQ(shown.window.BackOf({2, 0}), kColors.back);
+    EXPECT_EQ(shown.window.BackOf({1, 0}), kColors.back2);
+
+    shown.TheGrid().GoTo({3, 1});
+    shown.window.Paint();
+    EXPECT_EQ(shown.window.BackOf({3, 0}), kColors.selectionBack);
+    EXPECT_EQ(shown.window.BackOf({3, 1}), kColors.currentCellBack);
+}
+
+TEST(GridOutline, PaintsTheRestOfARowOfUnboundedDepth) {
+    std::wstring deep(300, L'[');
+    deep += std::wstring(300, L']');
+    OutlineWindow shown({.json = deep});
+    const int last = static_cast<int>(shown.window.Send(LVM_GETITEMCOUNT)) - 1;
+    ASSERT_GE(last, 299);
+    shown.TheGrid().BringIntoView({last, 0});
+    shown.window.Paint();
+
+    EXPECT_EQ(shown.window.BackOf({last, 0}), kColors.back2);
+    const RECT cell = shown.Name(last);
+    const RECT line{cell.left, cell.top, cell.right, cell.top + 1};
+    EXPECT_EQ(shown.Count(line, MixColors(kColors.back2, kColors.text, 56)),
+              (cell.right - cell.left - 9 + 15) / 16);
+}
+
+TEST(GridOutline, LightsTheBoxUnderTheMouse) {
+    OutlineWindow shown;
+    const RECT box = shown.Box(2);
+    const COLORREF lit = MixColors(kColors.back, kColors.accent, 40);
+    ASSERT_EQ(shown.Count(box, lit), 0);
+
+    shown.MoveTo(box.left + 1, box.top + 1);
+    EXPECT_GT(shown.Count(box, lit), 40);
+    EXPECT_EQ(shown.Pixel(box.left, box.top), MixColors(kColors.back, kColors.text, 220));
+    EXPECT_EQ(shown.Count(shown.Box(0), lit), 0);
+
+    shown.MoveTo(box.left + 40, box.top + 1);
+    EXPECT_EQ(shown.Count(box, lit), 0);
+}
+
+TEST(GridOutline, PutsTheLightOutWhenTheMouseLeaves) {
+    OutlineWindow shown;
+    const RECT box = shown.Box(2);
+    const COLORREF lit = MixColors(kColors.back, kColors.accent, 40);
+    // Not through the queue: the system would find the mouse elsewhere and say so at once.
+    shown.window.Send(WM_MOUSEMOVE, 0, MAKELPARAM(box.left + 1, box.top + 1));
+    UpdateWindow(shown.TheGrid().Window());
+    ASSERT_GT(shown.Count(box, lit), 40);
+
+    shown.window.Send(WM_MOUSELEAVE);
+    shown.window.Paint();
+    EXPECT_EQ(shown.Count(box, lit), 0);
+}
+
+TEST(GridOutline, TellsAClickOnABoxAndSelectsNoCell) {
+    OutlineWindow shown;
+    const RECT box = shown.Box(2);
+
+    shown.ClickAt(box.left + 5, box.top + 5);
+    EXPECT_EQ(shown.window.expanders, std::vector<int>{2});
+    EXPECT_EQ(shown.window.pressed, GridCell{});
+    EXPECT_EQ(shown.window.clicked, GridCell{});
+    EXPECT_EQ(shown.TheGrid().Current().gridColumn, -1);
+
+    shown.ClickAt(box.left + 5, box.top + 5, WM_LBUTTONDBLCLK);
+    EXPECT_EQ(shown.window.expanders, (std::vector<int>{2, 2}));
+}
+
+TEST(GridOutline, TakesAClickTwoPixelsBesideTheBox) {
+    OutlineWindow shown;
+    const RECT box = shown.Box(2);
+
+    shown.ClickAt(box.left - 2, box.top - 2);
+    shown.ClickAt(box.right + 1, box.bottom + 1);
+    EXPECT_EQ(shown.window.expanders, (std::vector<int>{2, 2}));
+    shown.ClickAt(box.left - 3, box.top);
+    shown.ClickAt(box.right + 2, box.top);
+    EXPECT_EQ(shown.window.expanders.size(), 2u);
+    EXPECT_EQ(shown.window.clicked, (GridCell{2, 0}));
+}
+
+TEST(GridOutline, FindsTheBoxBehindTheLineNumbers) {
+    OutlineWindow shown({.window = {.style = {.lineNumbers = true}, .colors = kColors}});
+    const RECT box = shown.Box(2);
+    ASSERT_GT(box.left, shown.TheGrid().ColumnWidth(0));
+
+    shown.ClickAt(box.left + 5, box.top + 5);
+    EXPECT_EQ(shown.window.expanders, std::vector<int>{2});
+    shown.ClickAt(box.left + 5 - shown.TheGrid().ColumnWidth(0), box.top + 5);
+    EXPECT_EQ(shown.window.expanders.size(), 1u);
+}
+
+TEST(GridOutline, TakesNoBoxWhereARowHasNone) {
+    OutlineWindow shown;
+    const RECT box = shown.Box(1);  // a string
+
+    shown.ClickAt(box.left + 5, box.top + 5);
+    EXPECT_TRUE(shown.window.expanders.empty());
+    EXPECT_EQ(shown.window.clicked, (GridCell{1, 0}));
+}
+
+TEST(GridOutline, LeavesARightClickOnABoxToTheMenu) {
+    OutlineWindow shown;
+    const RECT box = shown.Box(2);
+
+    shown.ClickAt(box.left + 5, box.top + 5, WM_RBUTTONDOWN, WM_RBUTTONUP);
+    EXPECT_TRUE(shown.window.expanders.empty());
+    EXPECT_EQ(shown.window.clicked, (GridCell{2, 0}));
+}
+
+TEST(GridOutline, GivesTheValueColumnTheRestOfTheWindow) {
+    OutlineWindow shown;
+    Grid& grid = shown.TheGrid();
+    const auto rest = [&] { return ClientRect(grid.Window()).width - 4 - grid.ColumnWidth(0); };
+    EXPECT_EQ(grid.ColumnWidth(1), rest());
+
+    MoveWindow(grid.Window(), 0, 0, 600, 300, TRUE);
+    EXPECT_EQ(grid.ColumnWidth(1), rest());
+    EXPECT_GT(shown.window.columnMoves, 0);
+
+    MoveWindow(grid.Window(), 0, 0, 100, 300, TRUE);
+    EXPECT_EQ(grid.ColumnWidth(1), 120);
+    MoveWindow(grid.Window(), 0, 0, 700, 300, TRUE);
+    grid.RecomputeWidths();
+    EXPECT_EQ(grid.ColumnWidth(1), rest());
+}
+
+TEST(GridOutline, MakesRoomForTheScrollBar) {
+    std::wstring json = L"[";
+    for (int i = 0; i < 100; ++i) {
+        json += L"1,";
+    }
+    OutlineWindow shown({.json = json + L"1]"});
+    Grid& grid = shown.TheGrid();
+
+    EXPECT_NE(GetWindowLongPtrW(grid.Window(), GWL_STYLE) & WS_VSCROLL, 0);
+    EXPECT_EQ(GetWindowLongPtrW(grid.Window(), GWL_STYLE) & WS_HSCROLL, 0);
+    EXPECT_EQ(grid.ColumnWidth(1), ClientRect(grid.Window()).width - 4 - grid.ColumnWidth(0));
+
+    shown.Toggle(0);
+    grid.RecomputeWidths();
+    EXPECT_EQ(GetWindowLongPtrW(grid.Window(), GWL_STYLE) & WS_VSCROLL, 0);
+    EXPECT_EQ(grid.ColumnWidth(1), ClientRect(grid.Window()).width - 4 - grid.ColumnWidth(0));
+}
+
+TEST(GridOutline, LeavesAHiddenValueColumnHidden) {
+    OutlineWindow shown;
+    shown.TheGrid().HideColumn(1);
+    shown.TheGrid().FitValueColumn();
+    EXPECT_EQ(shown.TheGrid().ColumnWidth(1), 0);
+    MoveWindow(shown.TheGrid().Window(), 0, 0, 600, 300, TRUE);
+    EXPECT_EQ(shown.TheGrid().ColumnWidth(1), 0);
+}
+
+TEST(GridOutline, TurnsGridLinesOffAndOnAgainForTables) {
+    for (const bool wanted : {true, false}) {
+        OutlineWindow shown({.window = {.gridLines = wanted, .colors = kColors}});
+        const auto lines = [&] {
+            return (shown.window.Send(LVM_GETEXTENDEDLISTVIEWSTYLE) & LVS_EX_GRIDLINES) != 0;
+        };
+        EXPECT_FALSE(lines());
+        shown.TheGrid().ShowTable(&shown.window.view, {});
+        EXPECT_EQ(lines(), wanted);
+        shown.TheGrid().ShowTable(&*shown.view, shown.style);
+        EXPECT_FALSE(lines());
+        shown.TheGrid().ShowTable(nullptr, {});
+        EXPECT_EQ(lines(), wanted);
+    }
+}
+
+TEST(GridOutline, MakesRowsHigherAndPutsTheOldHeightBack) {
+    GridWindow table({{L"a"}, {L"b"}}, {.colors = kColors});
+    const RECT before = table.grid.CellBounds({0, 0});
+    OutlineWindow shown;
+    TEXTMETRICW metrics{};
+    {
+        const WindowDc dc(shown.TheGrid().Window());
+        const SelectScope font(dc.Get(), shown.window.fonts.normal.Get());
+        GetTextMetricsW(dc.Get(), &metrics);
+    }
+    EXPECT_GE(shown.Height(0), metrics.tmHeight + 4);
+    EXPECT_LE(shown.Height(0), metrics.tmHeight + 6);  // list views add a pixel or two
+
+    shown.TheGrid().ShowTable(&table.view, {});
+    const RECT after = shown.TheGrid().CellBounds({0, 0});
+    EXPECT_EQ(after.bottom - after.top, before.bottom - before.top);
+}
+
+TEST(GridOutline, MakesRowsHigherWithTheFont) {
+    OutlineWindow shown;
+    const int before = shown.Height(0);
+    shown.window.fonts = MakeViewerFonts({.points = 22}, 96);
+    shown.TheGrid().SetFonts(shown.window.fonts.normal.Get(), shown.window.fonts.bold.Get(), 96);
+    shown.TheGrid().RecomputeWidths();
+    EXPECT_GT(shown.Height(0), before * 3 / 2);
+
+    shown.window.fonts = MakeViewerFonts({.points = 11}, 96);
+    shown.TheGrid().SetFonts(shown.window.fonts.normal.Get(), shown.window.fonts.bold.Get(), 96);
+    EXPECT_EQ(shown.Height(0), before);
+}
+
+TEST(GridOutline, DrawsNoNumberByItsSeparator) {
+    OutlineWindow shown({.json = L"[1.5, 22222222.25]"});
+    const RECT cell = shown.TheGrid().CellBounds({1, 1});  // 1.5
+    const RECT start{cell.left + 1, cell.top + 1, cell.left + 20, cell.bottom - 1};
+    EXPECT_LT(shown.Count(start, kColors.back2),
+              (start.right - start.left) * (start.bottom - start.top));
+}
+
+TEST(GridOutline, SwallowsTheCharactersOfItsKeys) {
+    OutlineWindow shown({.json = LR"({"*a": 1, "+b": 2, "-c": 3, "/d": 4, "e": 5})"});
+    shown.TheGrid().GoTo({0, 0});
+    for (const wchar_t typed : {L'*', L'+', L'-', L'/'}) {
+        shown.window.Send(WM_CHAR, typed, 1);
+        EXPECT_EQ(shown.TheGrid().Current().viewRow, 0) << static_cast<int>(typed);
+    }
+    shown.window.Send(WM_CHAR, L'e', 1);
+    EXPECT_EQ(shown.TheGrid().Current().viewRow, 5);
+}
+
+TEST(GridOutline, FindsTypedNamesWhateverColumnIsCurrent) {
+    OutlineWindow shown({.json = LR"({"a": "x", "b": "c", "c": "x"})"});
+    shown.TheGrid().GoTo({0, 1});
+    shown.window.Send(WM_CHAR, L'c', 1);
+    EXPECT_EQ(shown.TheGrid().Current().viewRow, 3);
+}
+
+TEST(GridOutline, LeavesTablesTheirCharacters) {
+    GridWindow table({{L"h"}, {L"x"}, {L"*y"}}, {.colors = kColors});
+    table.grid.GoTo({0, 0});
+    table.Send(WM_CHAR, L'*', 1);
+    EXPECT_EQ(table.grid.Current().viewRow, 1);
+}
+
+}  // namespace
+}  // namespace rl::test
