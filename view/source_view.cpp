@@ -141,20 +141,23 @@ Answer SourceView::HandleEditMessage(const Message& in) {
         case EM_GETSEL:
             return AnswerSelection(reinterpret_cast<DWORD*>(in.wparam),
                                    reinterpret_cast<DWORD*>(in.lparam));
-        case EM_SETSEL: {
-            const auto first = static_cast<int32_t>(in.wparam);
-            const auto last = static_cast<int32_t>(in.lparam);
-            const uint64_t size = text_.Size();
-            const uint64_t caret = last < 0 ? size : std::min<uint64_t>(size, in.lparam);
-            const uint64_t anchor =
-                first < 0 ? selection_.caret : std::min<uint64_t>(size, in.wparam);
-            Select({.anchor = anchor, .caret = first < 0 ? anchor : caret});
+        case EM_SETSEL:
+            SelectAsAsked(static_cast<int32_t>(in.wparam), static_cast<int32_t>(in.lparam));
             return 0;
-        }
         case WM_COPY: Copy(); return 0;
         case WM_GETDLGCODE: return DLGC_WANTARROWS | DLGC_WANTCHARS;
         default: return std::nullopt;
     }
+}
+
+/// As edit controls do it: -1 first takes the selection away, -1 last stands for the text's end.
+void SourceView::SelectAsAsked(int32_t first, int32_t last) {
+    const auto inText = [this](int32_t position) {
+        const uint64_t size = text_.Size();
+        return position < 0 ? size : std::min(size, static_cast<uint64_t>(position));
+    };
+    const uint64_t anchor = first < 0 ? selection_.caret : inText(first);
+    Select({.anchor = anchor, .caret = first < 0 ? anchor : inText(last)});
 }
 
 void SourceView::TakeFont(HFONT font) {
@@ -235,7 +238,7 @@ Answer SourceView::OnScroll(int bar, WORD command) {
     const int64_t position = vertical ? topLine_ : scrollX_;
     const int64_t step = vertical ? 1 : 4 * page.cell.width;
     const int64_t pageSize = vertical ? page.PageLines() : page.clientWidth;
-    int64_t target = position;
+    int64_t target = 0;
     switch (command) {  // SB_LINELEFT and its like are the same numbers
         case SB_LINEUP: target = position - step; break;
         case SB_LINEDOWN: target = position + step; break;

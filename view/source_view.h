@@ -57,6 +57,7 @@ private:
     void Paint();
     void Changed();
     void Select(const SourceSelection& selection);
+    void SelectAsAsked(int32_t first, int32_t last);
     void ScrollTo(int64_t topLine, int64_t scrollX);
     void ScrollToCaret();
     void UpdateScrollBars();
