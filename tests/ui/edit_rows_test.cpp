@@ -104,6 +104,20 @@ TEST(DeleteRows, TakesAllSelectedRowsWithoutAsking) {
     EXPECT_EQ(BytesOf(file), "name,city\nbob,oslo\n");
 }
 
+TEST(DeleteRows, TakesTheRowsThatASortedViewShows) {
+    UiHost host({.ini = kEditing});
+    const auto file = host.Write(L"a.csv", kTable);
+    const Viewer viewer = host.Open(file);
+    Click(viewer.Header(), viewer.HeaderCenter(0));
+    Click(viewer.Header(), viewer.HeaderCenter(0));
+    ASSERT_EQ(viewer.Cell(0, 0), L"cid");
+    ClickCell(viewer, 0, 1);
+    Click(viewer.Grid(), viewer.CellCenter(1, 1), {VK_CONTROL});
+    Key('X', {VK_CONTROL});
+    Key('S', {VK_CONTROL});
+    EXPECT_EQ(BytesOf(file), "name,city\nann,rome\n");
+}
+
 TEST(DeleteRows, StaysAtThePlaceOfTheFirst) {
     UiHost host({.ini = kEditing});
     const Viewer viewer = host.OpenText("n\n1\n2\n3\n4\n5\n");

@@ -125,14 +125,15 @@ TEST(Save, StaysOnItsRowWhenAnEditHidesTheOneAbove) {
 }
 
 TEST(Save, KeepsTheDelimiterInUse) {
-    const Opened it("a,b\n1,2\n");
-    EXPECT_EQ(it.viewer.Status(1), L" Delimiter: Auto (,)");
-    EditCell(it.viewer, 0, 0, L";;;;;;;");
-    EditCell(it.viewer, 0, 1, L";;;;;;;;");
+    const Opened it("a,b\n1,2\n", L"a.csv", "header-row=0\n");
+    ASSERT_EQ(it.viewer.Status(1), L" Delimiter: Auto (,)");
+    for (const int row : {0, 1}) {
+        EditCell(it.viewer, row, 0, L"x;;;;;;;;");  // would be found to be the delimiter now
+    }
     Key('S', {VK_CONTROL});
     EXPECT_EQ(it.viewer.ColumnCount(), 2);
     EXPECT_EQ(it.viewer.Status(1), L" Delimiter: Auto (,)");
-    EXPECT_EQ(it.viewer.Row(0), (Texts{L";;;;;;;", L";;;;;;;;"}));
+    EXPECT_EQ(it.viewer.Row(0), (Texts{L"x;;;;;;;;", L"b"}));
 }
 
 TEST(Save, KeepsTheCommentHandlingInUse) {
