@@ -128,6 +128,10 @@ TEST(SourceWord, IsLettersDigitsUnderlinesAndAllFromCode128) {
     EXPECT_EQ(WordAt(text, 7), (SourceSelection{7, 8}));
 }
 
+TEST(SourceWord, TakesCode128ButNot127) {
+    EXPECT_EQ(WordAt(Text(L"a\x0080\x007F"), 0), (SourceSelection{0, 2}));
+}
+
 TEST(SourceWord, IsNothingOnAnotherCharacter) {
     const SourceText text = Text(L"a b\r\n-\x7F");
     for (const size_t position : {1u, 3u, 4u, 5u, 6u, 7u, 99u}) {
