@@ -35,10 +35,18 @@ void* operator new(size_t size) {
     return memory;
 }
 
+void* operator new(size_t size, const std::nothrow_t&) noexcept {
+    return TakeFromLimit(size) ? std::malloc(size == 0 ? 1 : size) : nullptr;
+}
+
 void operator delete(void* memory) noexcept {
     std::free(memory);
 }
 void operator delete(void* memory, size_t) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
     std::free(memory);
 }
 
