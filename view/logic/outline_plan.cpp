@@ -78,9 +78,11 @@ void AddBox(OutlinePlan& plan, const ThemeColors& theme, const OutlineCell& cell
     if (!cell.hasChildren || !slots.IsInCell(box)) {
         return;
     }
+    // As if the row were not selected: its strokes could hardly be told from some selections.
+    const Color back = ColorsFor(theme, {.viewRow = cell.viewRow}).back;
     plan.box = {.rect = box,
-                .fill = cell.hot ? MixColors(plan.back, theme.accent, kHotFillWeight) : plan.back,
-                .line = MixColors(plan.back, theme.text, cell.hot ? kHotBoxWeight : kBoxWeight),
+                .fill = cell.hot ? MixColors(back, theme.accent, kHotFillWeight) : back,
+                .line = MixColors(back, theme.text, cell.hot ? kHotBoxWeight : kBoxWeight),
                 .thickness = slots.Line()};
     plan.strokeColor = theme.text;
     const int thickness = slots.Line();

@@ -199,6 +199,15 @@ TEST(OutlinePlan, WritesOnASelectedRowInTheSelectionsColours) {
     EXPECT_EQ(plan.mark.fill, 0x11u);  // the mark still tells the type
 }
 
+TEST(OutlinePlan, KeepsTheBoxOfASelectedRowReadable) {
+    OutlineCell cell = Cell();
+    const OutlinePlan plain = Plan(cell);
+    cell.selected = true;
+
+    EXPECT_EQ(Plan(cell).box, plain.box);
+    EXPECT_EQ(Plan(cell).strokeColor, plain.strokeColor);
+}
+
 TEST(OutlinePlan, LightsUpTheBoxUnderTheMouse) {
     OutlineCell cell = Cell();
     cell.hot = true;
