@@ -153,6 +153,8 @@ Answer Grid::OnOutlineMessage(const Message& in) {
         case WM_MOUSEMOVE: SetHotRow(BoxAt(PointOf(in.lparam))); break;
         case WM_MOUSELEAVE:
         case WM_MOUSEWHEEL:  // another row comes under the mouse
+        case WM_MOUSEHWHEEL:
+        case WM_HSCROLL:
         case WM_VSCROLL: SetHotRow(-1); break;
         default: break;
     }
