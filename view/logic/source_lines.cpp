@@ -84,7 +84,7 @@ public:
         widest_ = std::max(widest_, column_ + Units(text_.size()));
         constexpr int64_t kMost = std::numeric_limits<int32_t>::max();
         starts_.resize(count_);
-        if (starts_.capacity() / 8 * 7 > count_) {
+        if (starts_.capacity() / 64 * 63 > count_) {
             starts_.shrink_to_fit();
         }
         return {.starts = std::move(starts_),
@@ -102,9 +102,9 @@ private:
         }
         const auto rest = static_cast<double>(text_.size() - read);
         const double expected =
-            static_cast<double>(count_) * rest / static_cast<double>(read) * 1.03;
+            static_cast<double>(count_) * rest / static_cast<double>(read) * 1.005;
         const size_t more = std::min(static_cast<size_t>(expected), count_ * 16);
-        const size_t room = count_ + std::max(more, count_ / 8) + 2 * kSpare;
+        const size_t room = count_ + std::max(more, count_ / 64) + 2 * kSpare;
         starts_.reserve(room);
         starts_.resize(room);
     }

@@ -81,7 +81,7 @@ TEST(LineIndex, TakesLittleMoreThanItsEntries) {
     }
     const LineIndex index = Index(text);
     EXPECT_EQ(index.starts.size(), 200'001u);
-    EXPECT_LE(index.starts.capacity(), index.starts.size() * 5 / 4);
+    EXPECT_LE(index.starts.capacity(), index.starts.size() * 33 / 32);
 }
 
 TEST(Columns, CountTabsUpToTheNextStop) {
