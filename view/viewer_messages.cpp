@@ -202,6 +202,9 @@ Answer Viewer::OnChildMessage(HWND child, const Message& in) {
             in.id == WM_CONTEXTMENU && reinterpret_cast<HWND>(in.wparam) == grid_.Header();
         return again ? Answer(0) : std::nullopt;  // anything else the grid tells its listener
     }
+    if (child == tree_.Window() && editor_.IsOpen() && KeepsGridFrom(in)) {
+        return 0;  // another node is another table: not while a text waits to be corrected
+    }
     if (in.id == WM_MOUSEWHEEL) {
         return OnWheel(in.wparam);
     }

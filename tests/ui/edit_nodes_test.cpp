@@ -111,6 +111,20 @@ TEST(EditJson, BeepsOnWhatCannotBeEdited) {
     EXPECT_EQ(TheFakes().beeps.size(), beeps) << "silent outside edit mode";
 }
 
+TEST(EditJson, OpensByADoubleClickOnAValueOnly) {
+    const Opened it(kJson, L"a.json");
+    DoubleClick(it.viewer.Grid(), it.viewer.CellCenter(it.RowOf(L"n"), 1));
+    ASSERT_NE(Editor(it.viewer), nullptr);
+    EXPECT_EQ(TextOf(Editor(it.viewer)), L"1");
+    Key(VK_ESCAPE);
+    DoubleClick(it.viewer.Grid(), it.viewer.CellCenter(it.RowOf(L"n"), 0));
+    EXPECT_EQ(Editor(it.viewer), nullptr);
+    const int rows = it.viewer.RowCount();
+    DoubleClick(it.viewer.Grid(), it.viewer.CellCenter(it.RowOf(L"a"), 1));
+    EXPECT_EQ(Editor(it.viewer), nullptr);
+    EXPECT_NE(it.viewer.RowCount(), rows) << "an array opens or closes instead";
+}
+
 TEST(EditJson, ChangesNoRowsAndColumns) {
     const Opened it(kJson, L"a.json");
     const int rows = it.viewer.RowCount();
