@@ -25,6 +25,7 @@ void Viewer::ApplyTheme() {
     SetControlDark(pane_.Window(), colors_.dark);
     SetControlDark(grid_.Window(), colors_.dark);
     grid_.SetColors(colors_);
+    grid_.SetOutlineColors(sourceColors_);
     tree_.SetColors(colors_);
     filters_.SetLook(FilterLook());
     tabs_.SetColors(colors_);

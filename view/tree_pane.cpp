@@ -14,6 +14,10 @@ namespace {
 
 constexpr int kIndent = 18;  // at 96 dpi
 
+/// The control deletes and measures its items by recursion: it must not be led as deep as a file
+/// may be nested.
+constexpr size_t kDeepestSelection = 1000;
+
 }  // namespace
 
 bool TreePane::Create(HWND parent, ITreePaneListener& listener) {
@@ -69,7 +73,11 @@ void TreePane::Clear() {
 
 bool TreePane::Select(int32_t node) {
     HTREEITEM item = nullptr;
-    for (const int32_t step : items_.PathTo(node)) {
+    const std::vector<int32_t> path = items_.PathTo(node);
+    if (path.size() > kDeepestSelection) {
+        return false;
+    }
+    for (const int32_t step : path) {
         if (item != nullptr) {
             Open(item);
         }

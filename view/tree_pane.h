@@ -45,7 +45,7 @@ public:
     /// Before the document goes.
     void Clear();
     /// Selects a node and brings it into view, opening what hides it. False when the tree never
-    /// lists it.
+    /// lists it, or only too deep.
     bool Select(int32_t node);
     /// -1: none.
     [[nodiscard]] int32_t SelectedNode() const;

@@ -202,8 +202,9 @@ private:
     void OnExpandNode(Command command);
     void OnExpandAll(Command command);
     void OnCollapseAll(Command command);
-    void OnExpanderClicked(int viewRow);
-    void FilterOutline(int column, const std::wstring& text, bool caseSensitive);
+    void OnExpanderClicked(int viewRow) override;
+    void FitOutline();
+    void FilterOutline(int column, const std::wstring& text);
     void RevealMatches(std::wstring_view text);
     void OnCopyNodes(Command command);
 

@@ -77,13 +77,12 @@ void Viewer::ApplyFilter(int gridColumn) {
     CloseCellEdit();
     {
         const WaitCursor waiting;
-        const bool caseSensitive = settings::IsOn(settings::kFilterCaseSensitive);
         if (document_.ShowsOutline()) {
-            FilterOutline(dataColumn, filters_.TextOf(gridColumn), caseSensitive);
-        } else {
-            document_.rows->SetCaseSensitive(caseSensitive);
-            document_.rows->SetFilter(dataColumn, filters_.TextOf(gridColumn));
+            FilterOutline(dataColumn, filters_.TextOf(gridColumn));
+            return;
         }
+        document_.rows->SetCaseSensitive(settings::IsOn(settings::kFilterCaseSensitive));
+        document_.rows->SetFilter(dataColumn, filters_.TextOf(gridColumn));
     }
     grid_.ClearTypeAhead();
     grid_.SetCurrent({});

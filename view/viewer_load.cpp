@@ -78,6 +78,7 @@ void Viewer::Adopt(detail::LoadedDoc& doc) {
     UpdateValuePane();
     UpdateStatusBar();
     Relayout();
+    FitOutline();
     PostMessageW(window_, kFocusRequest, 0, 0);
 }
 

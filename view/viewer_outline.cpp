@@ -1,6 +1,7 @@
 // The outline of a JSON or XML document in the grid: keys, opening and closing, copying of nodes.
 #include <vector>
 
+#include "host/store/settings.h"
 #include "view/clipboard.h"
 #include "view/control.h"
 #include "view/logic/outline_keys.h"
@@ -79,6 +80,7 @@ void Viewer::GoToOutlineRow(int viewRow) {
 void Viewer::OutlineChanged(int modelRow) {
     const RedrawScope still(grid_.Window());
     document_.rows->Rebuild();
+    grid_.ClearTypeAhead();
     grid_.RowsChanged(true);
     grid_.SelectOnly(-1);
     GoToOutlineRow(document_.rows->ViewRowOf(modelRow));
@@ -131,28 +133,37 @@ void Viewer::OnCollapseAll(Command) {
     OutlineChanged(found < 0 ? 0 : found);
 }
 
+/// Its columns share the width that the grid has by now.
+void Viewer::FitOutline() {
+    if (document_.ShowsOutline()) {
+        grid_.RecomputeWidths();
+    }
+}
+
 void Viewer::OnExpanderClicked(int viewRow) {
     if (document_.ShowsOutline()) {
         ToggleOutlineRow(viewRow);
     }
 }
 
-void Viewer::FilterOutline(int column, const std::wstring& text, bool caseSensitive) {
+// The current row stays with its node, where that is still listed.
+void Viewer::FilterOutline(int column, const std::wstring& text) {
+    const bool caseSensitive = settings::IsOn(settings::kFilterCaseSensitive);
+    const OutlineRow row = CurrentOutlineRow();
     document_.outline->SetFilter(
         column, text,
         [filter = CompileFilter(text, caseSensitive), caseSensitive](std::wstring& shown) {
             return MatchesFilter(filter, shown, caseSensitive);
         });
-    document_.rows->Rebuild();
+    OutlineChanged(document_.outline->RowOf(row.node, AttributeOf(row)));
 }
 
 /// Before a fresh search: all that it can find is listed.
 void Viewer::RevealMatches(std::wstring_view text) {
     const WaitCursor waiting;
+    const OutlineRow row = CurrentOutlineRow();
     document_.outline->RevealMatches(text);
-    document_.rows->Rebuild();
-    grid_.RowsChanged(true);
-    grid_.RecomputeWidths();
+    OutlineChanged(document_.outline->RowOf(row.node, AttributeOf(row)));
 }
 
 // Too long a text beeps and leaves the clipboard alone.

@@ -86,6 +86,7 @@ void Viewer::ShowRows(const UserPlace& place) {
                       document_.rows->SortDirection());
     RebuildFilterRow();
     Relayout();
+    FitOutline();
     ReturnTo(place);
     UpdateValuePane();
     UpdateStatusBar();

@@ -122,7 +122,8 @@ Grid::Style Viewer::GridStyle() const {
     return {.lineNumbers = settings_.lineNumbers,
             .decimalAlign = settings_.decimalAlign,
             .maxColumnWidth = settings::Get(settings::kMaxColumnWidth),
-            .maxColumnSamples = settings::Get(settings::kMaxColumnSamples)};
+            .maxColumnSamples = settings::Get(settings::kMaxColumnSamples),
+            .outline = document_.ShowsOutline() ? document_.outline.get() : nullptr};
 }
 
 void Viewer::OnCurrentCellChanged() {

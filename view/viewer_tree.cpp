@@ -100,9 +100,9 @@ void Viewer::ShowOutline(bool outline) {
     } else {
         MakeTable(document_, made, FirstTableNode(document_));
     }
+    ShowContent(made);
     settings_.outline = outline;
     settings::Set(settings::kTreeOutline, outline ? 1 : 0);
-    ShowContent(made);
     FillTree();
     SelectFirstOutlineRow();
     RescueFocus();
