@@ -54,18 +54,21 @@ public:
     Answer OnNotify(NMHDR& note);
 
 private:
-    HTREEITEM Insert(HTREEITEM parent, HTREEITEM after, int32_t node, int32_t position);
-    void Fill(HTREEITEM item);
-    void Open(HTREEITEM item);
-    [[nodiscard]] LRESULT OnDraw(NMTVCUSTOMDRAW& draw) const;
-    [[nodiscard]] LPARAM DataOf(HTREEITEM item) const;
+    LRESULT OnDraw(NMTVCUSTOMDRAW& draw) const;
+    HTREEITEM Insert(HTREEITEM parent, HTREEITEM after, const TreeItem& item);
+    void InsertAll(HTREEITEM parent, int32_t node);
+    /// Makes an item's children in place of its placeholder, unless they are there.
+    void Populate(HTREEITEM item);
+    [[nodiscard]] HTREEITEM Next(UINT relation, HTREEITEM item) const;
+    [[nodiscard]] int32_t NodeOf(HTREEITEM item) const;
+    [[nodiscard]] HTREEITEM FindAmong(HTREEITEM first, int32_t node) const;
 
     HWND window_ = nullptr;
-    ITreePaneListener* listener_ = nullptr;
-    TreeItems items_;
-    std::unordered_map<int32_t, HTREEITEM> itemOf_;  // by node
-    ThemeColors colors_;
-    bool clearing_ = false;
+    Color selectionText_ = 0;
+    Color selectionBack_ = 0;
+    ItemsBelow below_;
+    OnSelect onSelect_;
+    bool selecting_ = false;  // the selection moves because we say so
 };
 
 }  // namespace rl
