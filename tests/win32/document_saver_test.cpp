@@ -174,5 +174,45 @@ TEST_F(SaveCsvTest, KeepsASecondMarkAndNulUnits) {
     EXPECT_EQ(SavedUntouched(bytes, {.name = L"UTF-8"}), bytes);
 }
 
+// --- JSON and XML.
+
+TEST(SaveNodeDocuments, WritesJsonAnewInItsEncoding) {
+    const TempFolder folder;
+    const std::wstring path = folder.Write(L"a.json", "{}");
+    JsonDocument document;
+    ASSERT_TRUE(document.Parse(L"{\"a\":\"\x20AC\"} // remark", false, false));
+    EXPECT_TRUE(document.Save(path));
+    EXPECT_EQ(folder.Read(L"a.json"), "{\r\n  \"a\": \"\xE2\x82\xAC\"\r\n}");
+    document.encoding = {.name = L"ANSI", .codePage = 1252};
+    EXPECT_TRUE(document.Save(path));
+    EXPECT_EQ(folder.Read(L"a.json"), "{\r\n  \"a\": \"\x80\"\r\n}");
+    document.encoding = {.name = L"ANSI", .codePage = 437};
+    EXPECT_FALSE(document.Save(path));
+    EXPECT_EQ(folder.Read(L"a.json"), "{\r\n  \"a\": \"\x80\"\r\n}");
+}
+
+TEST(SaveNodeDocuments, ReplacesHalvesOfPairsThatJsonEscapesHold) {
+    const TempFolder folder;
+    const std::wstring path = folder.Write(L"a.json", "{}");
+    JsonDocument document;
+    ASSERT_TRUE(document.Parse(L"[\"\\uD83D\\uDE00\",\"\\uD83D\"]", false, false));
+    EXPECT_TRUE(document.Save(path));
+    EXPECT_EQ(folder.Read(L"a.json"), "[\r\n  \"\xF0\x9F\x98\x80\",\r\n  \"\xEF\xBF\xBD\"\r\n]");
+}
+
+TEST(SaveNodeDocuments, WritesXmlInItsEncoding) {
+    const TempFolder folder;
+    const std::wstring path = folder.Write(L"a.xml", "<r/>");
+    XmlDocument document;
+    ASSERT_TRUE(document.Parse(L"<r a='1'>\r\n</r>"));
+    ASSERT_TRUE(document.SetValue(XmlDocument::AttributeRef(1, 0), L"\x20AC"));
+    document.encoding = {.name = L"UTF-8", .hasBom = true};
+    EXPECT_TRUE(document.Save(path));
+    EXPECT_EQ(folder.Read(L"a.xml"), "\xEF\xBB\xBF<r a='\xE2\x82\xAC'>\r\n</r>");
+    document.encoding = {.name = L"ANSI", .codePage = 437};
+    EXPECT_FALSE(document.Save(path));
+    EXPECT_EQ(folder.Read(L"a.xml"), "\xEF\xBB\xBF<r a='\xE2\x82\xAC'>\r\n</r>");
+}
+
 }  // namespace
 }  // namespace rl::test
