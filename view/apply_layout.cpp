@@ -22,6 +22,9 @@ void ApplyPlacements(std::span<const Placement> placements) {
         if (batch == nullptr) {
             return;
         }
+        if (window == nullptr) {
+            continue;  // a part that this viewer does without
+        }
         // What is hidden keeps its size: coming back at the same one costs it nothing.
         const UINT change =
             rect.IsEmpty() ? SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE : SWP_SHOWWINDOW;
@@ -69,7 +72,7 @@ void Viewer::ApplyLayout(const ViewerLayout& layout) {
         {grid_.Window(), layout.grid},      {source_.Window(), layout.source},
         {pane_.Window(), layout.pane},      {tree_.Window(), layout.tree},
     };
-    ApplyPlacements(std::span(placements).first(tree_.Window() != nullptr ? 6 : 5));
+    ApplyPlacements(placements);
     LayoutFilterRow();
     if (oldSplitter != layout.splitter) {
         const RECT band = ToRECT(layout.splitter);

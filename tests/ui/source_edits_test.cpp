@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 #include "tests/ui/support/editing.h"
 #include "tests/ui/support/input.h"
@@ -157,6 +158,39 @@ TEST(SourcePicture, TakesOneCallForEachRunAndOneCopyToTheScreen) {
     EXPECT_EQ(copies, 1);
     tools::PatchImport(module, "ExtTextOutW", realTextOut);
     tools::PatchImport(module, "BitBlt", realBitBlt);
+}
+
+decltype(&CreateWindowExW) realCreate = nullptr;
+
+HWND WINAPI CreateNoSource(DWORD extended, LPCWSTR type, LPCWSTR text, DWORD style, int x, int y,
+                           int width, int height, HWND parent, HMENU menu, HINSTANCE owner,
+                           LPVOID data) {
+    const bool isName = reinterpret_cast<ULONG_PTR>(type) > 0xFFFF;
+    if (isName && std::wstring_view(type) == L"RowlarkSourceView") {
+        return nullptr;
+    }
+    return realCreate(extended, type, text, style, x, y, width, height, parent, menu, owner, data);
+}
+
+TEST(MissingSourceView, LeavesTheRestOfTheViewerAsItIs) {
+    UiHost host;
+    const HMODULE module = host.Module().Handle();
+    realCreate = tools::PatchImport(module, "CreateWindowExW", &CreateNoSource);
+    ASSERT_NE(realCreate, nullptr);
+
+    const Viewer viewer = host.OpenText("a,b\n1,2\n");
+
+    EXPECT_EQ(viewer.Source(), nullptr);
+    EXPECT_EQ(viewer.Cell(0, 1), L"2");
+    Click(viewer.Grid(), viewer.CellCenter(0, 0));
+    Key('L', {VK_CONTROL});
+    EXPECT_EQ(viewer.CurrentTab(), 0);
+    SwitchTab();
+    EXPECT_EQ(viewer.CurrentTab(), 1);
+    Click(viewer.Tabs(), viewer.TabCenter(0));
+    EXPECT_EQ(viewer.CurrentTab(), 0);
+    EXPECT_EQ(GetFocus(), viewer.Grid());
+    tools::PatchImport(module, "CreateWindowExW", realCreate);
 }
 
 }  // namespace
