@@ -110,8 +110,9 @@ public:
     void TextsChanged();
     /// Measures the columns again: after a change of font, dpi or content.
     void RecomputeWidths();
-    /// Gives the value column of an outline what the others leave of the window. Done by itself
-    /// when the window's size, the table or the fonts change.
+    /// Gives the names of an outline their share of the window, unless the user has chosen a width
+    /// for them, and the value column what is left. Done by itself when the window's size, the
+    /// table or the fonts change.
     void FitValueColumn();
     [[nodiscard]] const RowView* View() const { return view_; }
 
@@ -215,7 +216,9 @@ private:
     [[nodiscard]] OutlineSizing SizeOfOutline() const;
     void ApplyLines();
     void ApplyRowHeight();
-    bool FitValueColumnOnce(int gridColumn);
+    bool FitNameColumnOnce();
+    bool FitValueColumnOnce();
+    bool SetWidth(int gridColumn, int width);
     [[nodiscard]] int BoxAt(POINT client) const;
     bool OnOutlineClick(GridClick click, POINT client);
     Answer OnOutlineMessage(const Message& in);
@@ -249,7 +252,7 @@ private:
 
     bool settingWidths_ = false;  // many columns change: told to the listener once, at the end
     bool movingFocus_ = false;    // the list view's focus moves because we say so
-    bool fittingValue_ = false;   // a new width may show the scroll bar and so change the size
+    bool fitting_ = false;        // a new width may show the scroll bar and so change the size
     bool drawnRowIsSelected_ = false;
     int hotRow_ = -1;  // the row of an outline whose box the mouse is over
 };

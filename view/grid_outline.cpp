@@ -72,32 +72,56 @@ void Grid::ApplyRowHeight() {
 
 // A width may show or hide the scroll bar, which changes what there is to share: hence twice.
 void Grid::FitValueColumn() {
-    const int gridColumn = Outline() != nullptr ? GridColumnOf(1) : -1;
-    if (gridColumn < 0 || fittingValue_ || columns_.IsHidden(1)) {
+    if (Outline() == nullptr || fitting_ || ColumnCount() < 2) {
         return;
     }
     bool changed = false;
     {
-        const FlagScope own(fittingValue_);
+        const FlagScope own(fitting_);
         const FlagScope quiet(settingWidths_);
-        changed = FitValueColumnOnce(gridColumn);
-        changed = FitValueColumnOnce(gridColumn) || changed;
+        for (int time = 0; time < 2; ++time) {
+            changed = FitNameColumnOnce() || changed;
+            changed = FitValueColumnOnce() || changed;
+        }
     }
     if (changed) {
         TellColumnsMoved();
     }
 }
 
-bool Grid::FitValueColumnOnce(int gridColumn) {
+// Widths are measured when a table comes, often before the window has the size to share.
+bool Grid::FitNameColumnOnce() {
+    const int gridColumn = GridColumnOf(0);
+    const auto index = static_cast<size_t>(gridColumn);
+    const bool isMeasured =
+        index < metrics_.widths.size() && ColumnWidth(gridColumn) == metrics_.widths[index];
+    if (!isMeasured || columns_.IsHidden(0)) {
+        return false;
+    }
+    const int cap = OutlineNameCap(ClientRect(window_).width, dpi_);
+    metrics_.widths[index] = cap >= 1 ? std::min(metrics_.outlineName, cap) : metrics_.outlineName;
+    return SetWidth(gridColumn, metrics_.widths[index]);
+}
+
+bool Grid::FitValueColumnOnce() {
+    const int gridColumn = GridColumnOf(1);
+    if (columns_.IsHidden(1)) {
+        return false;
+    }
     std::vector<int> widths;
     for (int column = 0; column < ColumnCount(); ++column) {
         widths.push_back(ColumnWidth(column));
     }
-    const int wanted = OutlineValueWidth(ClientRect(window_).width, widths, gridColumn, dpi_);
-    if (wanted == widths[static_cast<size_t>(gridColumn)]) {
+    return SetWidth(gridColumn,
+                    OutlineValueWidth(ClientRect(window_).width, widths, gridColumn, dpi_));
+}
+
+/// Whether the column had another width.
+bool Grid::SetWidth(int gridColumn, int width) {
+    if (ColumnWidth(gridColumn) == width) {
         return false;
     }
-    SendMessageW(window_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(gridColumn), wanted);
+    SendMessageW(window_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(gridColumn), width);
     return true;
 }
 

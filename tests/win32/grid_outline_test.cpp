@@ -308,6 +308,28 @@ TEST(GridOutline, GivesTheValueColumnTheRestOfTheWindow) {
     EXPECT_EQ(grid.ColumnWidth(1), rest());
 }
 
+TEST(GridOutline, GivesLongNamesTheirShareOfTheWindow) {
+    OutlineWindow shown({.json = L"{\"" + std::wstring(300, L'n') + L"\": 1}"});
+    Grid& grid = shown.TheGrid();
+    const auto share = [&] { return ClientRect(grid.Window()).width * 45 / 100; };
+    EXPECT_EQ(grid.ColumnWidth(0), share());
+
+    MoveWindow(grid.Window(), 0, 0, 0, 0, TRUE);  // as a grid is before its first layout
+    grid.ShowTable(&*shown.view, shown.style);
+    MoveWindow(grid.Window(), 0, 0, 600, 300, TRUE);
+    EXPECT_EQ(grid.ColumnWidth(0), share());
+    EXPECT_EQ(grid.ColumnWidth(1), ClientRect(grid.Window()).width - 4 - share());
+}
+
+TEST(GridOutline, KeepsTheWidthThatTheUserGaveTheNames) {
+    OutlineWindow shown;
+    Grid& grid = shown.TheGrid();
+    shown.window.Send(LVM_SETCOLUMNWIDTH, 0, 500);
+    MoveWindow(grid.Window(), 0, 0, 700, 300, TRUE);
+    EXPECT_EQ(grid.ColumnWidth(0), 500);
+    EXPECT_EQ(grid.ColumnWidth(1), 700 - 4 - 500);
+}
+
 TEST(GridOutline, MakesRoomForTheScrollBar) {
     std::wstring json = L"[";
     for (int i = 0; i < 100; ++i) {

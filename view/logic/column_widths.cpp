@@ -135,6 +135,9 @@ private:
         }
         int& width = Width(gridColumn);
         width = std::max(width, Pixels(kNarrowest));
+        if (outline_ != nullptr && columns_.DataColumn(gridColumn) == 0) {
+            out_.outlineName = width;
+        }
         const int cap = CapOf(columns_.DataColumn(gridColumn));
         if (columns_.GridCount() >= 2 && cap >= 1) {
             width = std::min(width, cap);
@@ -146,8 +149,7 @@ private:
             return Pixels(sizing_.maxColumnWidth);
         }
         if (dataColumn == 0) {
-            const int share = static_cast<int>(int64_t{outline_->clientWidth} * 45 / 100);
-            return std::min(share, Pixels(kOutlineNameCap));
+            return OutlineNameCap(outline_->clientWidth, sizing_.dpi);
         }
         const int nameWidth = Width(columns_.GridColumn(0));
         return std::max(Pixels(kOutlineValueCap),
@@ -175,6 +177,11 @@ int32_t SampleRow(int32_t visibleRows, int32_t index, int32_t count) {
     }
     // In 64 bits: a million rows times a thousand samples leave 32.
     return static_cast<int32_t>((int64_t{visibleRows} - 1) * index / (int64_t{count} - 1));
+}
+
+int OutlineNameCap(int clientWidth, int dpi) {
+    const int share = static_cast<int>(int64_t{clientWidth} * 45 / 100);
+    return std::min(share, Scale(kOutlineNameCap, dpi));
 }
 
 ColumnMetrics MeasureColumns(const RowView& rows, const GridColumns& columns,

@@ -45,7 +45,11 @@ struct ColumnMetrics {
     std::vector<int> widths;         // pixels; 0 for a hidden column
     std::vector<int> integerWidths;  // widest integer part seen, pixels
     std::vector<bool> isNumeric;     // some sampled cell is a number
+    int outlineName = 0;             // what an outline's names ask for, whatever their column's cap
 };
+
+/// An outline's names get no more of the client area than this; below 1: no limit.
+[[nodiscard]] int OutlineNameCap(int clientWidth, int dpi);
 
 /// How many rows are looked at.
 [[nodiscard]] int32_t SampleCount(int32_t visibleRows, int32_t maxSamples);
