@@ -17,7 +17,10 @@ const std::wstring& Document::Text() const {
     if (json != nullptr) {
         return json->text;
     }
-    return xml != nullptr ? xml->text : kNone;
+    if (xml != nullptr) {
+        return xml->text;
+    }
+    return kNone;
 }
 
 std::wstring Document::Serialize() const {
