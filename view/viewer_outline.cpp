@@ -166,7 +166,7 @@ void Viewer::RevealMatches(std::wstring_view text) {
     OutlineChanged(document_.outline->RowOf(row.node, AttributeOf(row)));
 }
 
-// Too long a text beeps and leaves the clipboard alone.
+// Where there is nothing to copy, or too much, the clipboard keeps what it has.
 void Viewer::OnCopyNodes(Command command) {
     if (!document_.ShowsOutline()) {
         return;
@@ -185,7 +185,8 @@ void Viewer::OnCopyNodes(Command command) {
                               : command == Command::CopyAsXml ? CopyFormat::Xml
                                                               : CopyFormat::Path;
     const WaitCursor waiting;
-    if (const std::optional<std::wstring> text = NodeTextsAs(*document_.outline, rows, format)) {
+    const std::optional<std::wstring> text = NodeTextsAs(*document_.outline, rows, format);
+    if (text && !text->empty()) {
         SetClipboardText(window_, *text);
     } else {
         MessageBeep(MB_ICONWARNING);

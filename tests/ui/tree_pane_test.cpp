@@ -222,6 +222,8 @@ TEST(StatusOfOutlines, NamesTheRowAndHintsAtRecords) {
     UiHost host;
     const Viewer viewer =
         host.OpenText("[{\"a\":1},{\"a\":2},{\"a\":3},{\"a\":4},{\"a\":5}]", L"a.json");
+    EXPECT_EQ(viewer.Status(4), L"   5 records: Ctrl+T for table");
+    Click(viewer.Grid(), viewer.CellCenter(0, 0));
     EXPECT_EQ(viewer.StatusTexts(),
               (Texts{L" UTF-8", L" JSON outline", L" <<root>>", L" Rows: 11/11",
                      L" 1:1   5 records: Ctrl+T for table"}));
