@@ -133,5 +133,76 @@ TEST_F(LoadCsvTest, EndsWithoutASentenceWhenAbandonedAtAnyMoment) {
     }
 }
 
+class LoadJsonTest : public testing::Test {
+protected:
+    std::unique_ptr<JsonDocument> Load(const std::wstring& name, std::string_view bytes,
+                                       int32_t parseMode = 0) {
+        return LoadJsonDocument(folder.Write(name, bytes), 0, parseMode, {}, error);
+    }
+
+    test::TempFolder folder;
+    std::wstring error = L"left over";
+};
+
+TEST_F(LoadJsonTest, TriesAnyFileAsADocumentAndThenAsLines) {
+    const auto document = Load(L"a.json", "{\"a\":1}");
+    ASSERT_NE(document, nullptr);
+    EXPECT_FALSE(document->lines);
+
+    const auto lines = Load(L"b.json", "{\"a\":1}\n{\"b\":2}");
+    ASSERT_NE(lines, nullptr);
+    EXPECT_TRUE(lines->lines);
+    EXPECT_EQ(lines->nodes[0].childCount, 2U);
+    EXPECT_EQ(error, L"");
+}
+
+TEST_F(LoadJsonTest, ReadsAFileNamedForLinesInNoOtherWay) {
+    for (const wchar_t* name : {L"a.jsonl", L"a.NDJSON", L"a.b.JsonL"}) {
+        EXPECT_EQ(Load(name, "[1,\n2]"), nullptr) << "a document, but not line by line";
+        EXPECT_EQ(error, L"Not a valid JSON document");
+        EXPECT_EQ(Load(name, "{\"a\":1} oops", 1), nullptr);
+        const auto lines = Load(name, "1\n2");
+        ASSERT_NE(lines, nullptr);
+        EXPECT_TRUE(lines->lines);
+    }
+}
+
+TEST_F(LoadJsonTest, RecoversBlocksBeforeItTriesLines) {
+    const auto salvaged = Load(L"a.json", "{\"a\":1}\n{\"b\":2}", 1);
+    ASSERT_NE(salvaged, nullptr);
+    EXPECT_TRUE(salvaged->salvaged);
+    EXPECT_FALSE(salvaged->lines);
+}
+
+TEST_F(LoadJsonTest, KeepsTheEncodingItFound) {
+    const auto document = Load(L"a.json", std::string_view("\xFF\xFE[\0]\0", 6));
+    ASSERT_NE(document, nullptr);
+    EXPECT_EQ(document->encoding, (TextEncoding{.name = L"UTF-16LE", .hasBom = true}));
+}
+
+TEST_F(LoadJsonTest, EndsWithoutASentenceWhenAbandoned) {
+    const std::wstring path = folder.Write(L"a.json", "[1]");
+    EXPECT_EQ(LoadJsonDocument(path, 0, 0, {}, error, [] { return true; }), nullptr);
+    EXPECT_EQ(error, L"");
+}
+
+TEST(LoadXmlDocument, HonoursTheDeclarationWhenAskedTo) {
+    const test::TempFolder folder;
+    const std::wstring path =
+        folder.Write(L"a.xml", "<?xml version=\"1.0\" encoding=\"windows-1251\"?><a>\xE8</a>");
+    std::wstring error;
+    const auto document = LoadXmlDocument(path, 0, {.honourXmlDeclaration = true}, error);
+    ASSERT_NE(document, nullptr);
+    EXPECT_EQ(document->InnerText(document->FirstElement()), L"\x0438");
+    EXPECT_EQ(document->encoding.codePage, 1251U);
+}
+
+TEST(LoadXmlDocument, RefusesAFileWithoutAnElement) {
+    const test::TempFolder folder;
+    std::wstring error;
+    EXPECT_EQ(LoadXmlDocument(folder.Write(L"a.xml", ""), 0, {}, error), nullptr);
+    EXPECT_EQ(error, L"Not a valid XML document");
+}
+
 }  // namespace
 }  // namespace rl

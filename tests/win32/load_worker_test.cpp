@@ -155,12 +155,39 @@ TEST_F(LoadWorkerTest, PassesTheEncodingRequestOn) {
     EXPECT_EQ(doc->csvModel->CellText(0, 0), L"\x010D");
 }
 
-TEST_F(LoadWorkerTest, HasNoLoaderForJsonAndXmlYet) {
+TEST_F(LoadWorkerTest, LoadsEachKindIntoItsOwnField) {
     RunLoad(JobFor(folder.Write(L"a.json", "{}"), DocumentKind::Json));
+    ASSERT_NE(doc->jsonDoc, nullptr);
+    EXPECT_EQ(doc->jsonDoc->nodes.size(), 1U);
+    EXPECT_EQ(doc->csvModel, nullptr);
+    EXPECT_EQ(doc->xmlDoc, nullptr);
+}
+
+TEST_F(LoadWorkerTest, LoadsXmlIntoItsOwnField) {
+    RunLoad(JobFor(folder.Write(L"a.xml", "<a/>"), DocumentKind::Xml));
+    ASSERT_NE(doc->xmlDoc, nullptr);
+    EXPECT_EQ(doc->xmlDoc->NodeName(doc->xmlDoc->FirstElement()), L"a");
+    EXPECT_EQ(doc->jsonDoc, nullptr);
+}
+
+TEST_F(LoadWorkerTest, SaysWhenTextIsNoDocumentOfItsKind) {
+    RunLoad(JobFor(folder.Write(L"a.json", "{"), DocumentKind::Json));
+    EXPECT_FALSE(doc->HasModel());
     EXPECT_EQ(doc->error, L"Not a valid JSON document");
 
-    RunLoad(JobFor(folder.Write(L"a.xml", "<a/>"), DocumentKind::Xml));
+    RunLoad(JobFor(folder.Write(L"a.xml", "<!-- -->"), DocumentKind::Xml));
+    EXPECT_FALSE(doc->HasModel());
     EXPECT_EQ(doc->error, L"Not a valid XML document");
+}
+
+TEST_F(LoadWorkerTest, HandsTheParseModeToTheJsonLoader) {
+    LoadJob job = JobFor(folder.Write(L"a.json", "{\"a\":1} oops"), DocumentKind::Json);
+    RunLoad(job);
+    EXPECT_FALSE(doc->HasModel());
+    job.options.parseMode = 1;
+    RunLoad(job);
+    ASSERT_NE(doc->jsonDoc, nullptr);
+    EXPECT_TRUE(doc->jsonDoc->salvaged);
 }
 
 TEST_F(LoadWorkerTest, EndsSoonAfterItWasAbandoned) {

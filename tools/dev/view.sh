@@ -103,5 +103,11 @@ cmd_shots() {
   picture midnight orders.csv --theme Midnight --size $size --find tört
   picture solarized-dark rivers.tsv --theme "Solarized Dark" --size $size --find vistula
   picture dpi-144 people.csv --theme Light --dpi 144 --size 1500x800 --find "two lines"
+  picture outline inventory.json --theme Light --size $size
+  picture outline-dark library.xml --theme Dark --size $size --find nebel
+  printf '[rowlark]\r\ntree-outline=0\r\n' >build/records.ini
+  picture records inventory.json --theme Light --size $size --ini 'R:\build\records.ini'
+  printf '[rowlark]\r\ndefault-tab=source\r\n' >build/source.ini
+  picture source library.xml --theme Light --size $size --ini 'R:\build\source.ini'
   picture quick-view people.csv --theme Light --quick-view --size $size
 }
