@@ -224,5 +224,26 @@ TEST(MeasureColumns, CapsTheColumnsOfAnOutline) {
     EXPECT_EQ(widthsFor(200), (Widths{90, 120}));
 }
 
+TEST(MeasureColumns, RemembersWhatTheNamesOfAnOutlineAskFor) {
+    const MemoryTable table = MemoryTable::Row({std::wstring(100, L'x'), L"v"});
+    const RowView rows(table, false);
+    Ruler ruler;
+    for (const int clientWidth : {0, 1000, 3000}) {
+        const OutlineSizing outline{.clientWidth = clientWidth, .nameOf = [](int32_t) {
+                                        return OutlineName{3, L""};
+                                    }};
+        const ColumnMetrics metrics =
+            MeasureColumns(rows, GridColumns(2, false), {}, ruler.Measure(), &outline);
+        EXPECT_EQ(metrics.outlineName, 1000 + 5 * 16 + 24) << clientWidth;
+    }
+}
+
+TEST(OutlineNameCap, IsAShareOfTheWindowUpToALimit) {
+    EXPECT_EQ(OutlineNameCap(1000, 96), 450);
+    EXPECT_EQ(OutlineNameCap(3000, 96), 700);
+    EXPECT_EQ(OutlineNameCap(3000, 144), 1050);
+    EXPECT_EQ(OutlineNameCap(0, 96), 0);
+}
+
 }  // namespace
 }  // namespace rl
