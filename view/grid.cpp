@@ -107,6 +107,9 @@ void Grid::RowsChanged(bool keepScroll) {
     if (!keepScroll && RowCount() > 0) {
         Ask(window_, LVM_ENSUREVISIBLE, 0, FALSE);
     }
+    if (hotRow_ >= 0) {
+        FindHotRow();
+    }
     InvalidateRect(window_, nullptr, TRUE);
 }
 

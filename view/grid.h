@@ -223,6 +223,7 @@ private:
     bool OnOutlineClick(GridClick click, POINT client);
     Answer OnOutlineMessage(const Message& in);
     void SetHotRow(int viewRow);
+    void FindHotRow();
 
     void RedrawRow(int viewRow);
     void DeselectAll();

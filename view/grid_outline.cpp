@@ -185,6 +185,14 @@ Answer Grid::OnOutlineMessage(const Message& in) {
     return std::nullopt;
 }
 
+/// Other rows stand where the mouse is.
+void Grid::FindHotRow() {
+    POINT mouse{};
+    GetCursorPos(&mouse);
+    ScreenToClient(window_, &mouse);
+    SetHotRow(Outline() != nullptr ? BoxAt(mouse) : -1);
+}
+
 void Grid::SetHotRow(int viewRow) {
     if (viewRow == hotRow_) {
         return;

@@ -235,6 +235,24 @@ TEST(GridOutline, PutsTheLightOutWhenTheMouseLeaves) {
     EXPECT_EQ(shown.Count(box, lit), 0);
 }
 
+TEST(GridOutline, LooksForTheMouseAnewWhenRowsMove) {
+    OutlineWindow shown;
+    const RECT box = shown.Box(2);
+    shown.window.Send(WM_MOUSEMOVE, 0, MAKELPARAM(box.left + 1, box.top + 1));
+    shown.Toggle(2);  // the mouse itself was never there
+    UpdateWindow(shown.TheGrid().Window());
+    EXPECT_EQ(shown.Count(box, MixColors(kColors.back, kColors.accent, 40)), 0);
+
+    POINT mouse{box.left + 5, box.top + 5};
+    ClientToScreen(shown.TheGrid().Window(), &mouse);
+    SetCursorPos(mouse.x, mouse.y);
+    shown.window.Send(WM_MOUSEMOVE, 0, MAKELPARAM(box.left + 5, box.top + 5));
+    shown.Toggle(2);
+    UpdateWindow(shown.TheGrid().Window());
+    EXPECT_GT(shown.Count(box, MixColors(kColors.back, kColors.accent, 40)), 40);
+    SetCursorPos(0, 0);
+}
+
 TEST(GridOutline, TellsAClickOnABoxAndSelectsNoCell) {
     OutlineWindow shown;
     const RECT box = shown.Box(2);
