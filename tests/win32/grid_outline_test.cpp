@@ -1,104 +1,11 @@
-// An outline in the grid on a real window: pixels of its name cells, the boxes under the mouse, the
-// value column and what is put back for the next table.
+// An outline in the grid on a real window: pixels of its name cells, its columns and rows, and what
+// is put back for the next table.
 #include <gtest/gtest.h>
 
-#include "model/outline_model.h"
-#include "tests/win32/grid_window.h"
+#include "tests/win32/outline_window.h"
 
 namespace rl::test {
 namespace {
-
-constexpr ThemeColors kColors{.text = 0x202020,
-                              .back = 0xFFFFFF,
-                              .back2 = 0xF0F0F0,
-                              .headerText = 0x000000,
-                              .headerBack = 0xE0E0E0,
-                              .currentCellBack = 0x00C0C0,
-                              .selectionText = 0xFFFF00,
-                              .selectionBack = 0x800000,
-                              .lineNumberText = 0x010101,
-                              .lineNumberBack = 0xEEEEEE,
-                              .accent = 0x0000FF};
-constexpr SourceColors kSyntax{.tag = 0xC00000,
-                               .attribute = 0x00A000,
-                               .string = 0x0000C0,
-                               .number = 0xC000C0,
-                               .keyword = 0xC0C000,
-                               .comment = 0x808000};
-
-constexpr std::wstring_view kJson =
-    LR"({"name": "x", "list": [{"id": "first", "deep": [1, 2]}, 3], "none": null})";
-
-struct OutlineOptions {
-    std::wstring json = std::wstring(kJson);
-    GridWindowOptions window = {.colors = kColors};
-    int32_t expandMax = 0;  // everything open
-};
-
-/// A grid that shows the outline of a JSON text.
-class OutlineWindow {
-public:
-    explicit OutlineWindow(OutlineOptions options = {}) : window({}, options.window) {
-        EXPECT_TRUE(document.Parse(options.json, false, false));
-        outline.emplace(document, options.expandMax);
-        view.emplace(*outline, false);
-        style = options.window.style;
-        style.outline = &*outline;
-        window.grid.SetOutlineColors(kSyntax);
-        window.grid.ShowTable(&*view, style);
-        window.Paint();
-        window.Reset();
-    }
-
-    [[nodiscard]] Grid& TheGrid() { return window.grid; }
-    [[nodiscard]] RECT Name(int row) {
-        return window.grid.CellBounds({row, window.grid.GridColumnOf(0)});
-    }
-    /// The bounds of a row's box at 96 dpi.
-    [[nodiscard]] RECT Box(int row) {
-        const RECT cell = Name(row);
-        const LONG left = cell.left + 5 + 16 * outline->Row(row).depth;
-        const LONG top = cell.top + (cell.bottom - cell.top - 10) / 2;
-        return {left, top, left + 10, top + 10};
-    }
-    [[nodiscard]] RECT Mark(int row) {
-        const RECT cell = Name(row);
-        const LONG left = cell.left + 18 + 16 * outline->Row(row).depth;
-        const LONG top = cell.top + (cell.bottom - cell.top - 7) / 2;
-        return {left, top, left + 7, top + 7};
-    }
-    [[nodiscard]] COLORREF Pixel(LONG x, LONG y) {
-        const WindowDc dc(window.grid.Window());
-        return GetPixel(dc.Get(), x, y);
-    }
-    [[nodiscard]] int Count(const RECT& area, COLORREF color) {
-        return GridWindow::CountPixels(window.grid.Window(), area, color);
-    }
-    [[nodiscard]] int Height(int row) {
-        const RECT cell = Name(row);
-        return cell.bottom - cell.top;
-    }
-    void Toggle(int row) {
-        EXPECT_TRUE(outline->Toggle(row));
-        view->Rebuild();
-        window.grid.RowsChanged(true);
-    }
-    void ClickAt(LONG x, LONG y, UINT down = WM_LBUTTONDOWN, UINT up = WM_LBUTTONUP) {
-        PostMessageW(window.grid.Window(), up, 0, MAKELPARAM(x, y));
-        window.Send(down, 0, MAKELPARAM(x, y));
-        window.Paint();
-    }
-    void MoveTo(LONG x, LONG y) {
-        window.Send(WM_MOUSEMOVE, 0, MAKELPARAM(x, y));
-        window.Paint();
-    }
-
-    JsonDocument document;
-    std::optional<TreeTableView> outline;
-    std::optional<RowView> view;
-    Grid::Style style;
-    GridWindow window;
-};
 
 TEST(GridOutline, NamesItsColumns) {
     OutlineWindow shown;
@@ -204,109 +111,6 @@ TEST(GridOutline, PaintsTheRestOfARowOfUnboundedDepth) {
     const RECT line{cell.left, cell.top, cell.right, cell.top + 1};
     EXPECT_EQ(shown.Count(line, MixColors(kColors.back2, kColors.text, 56)),
               (cell.right - cell.left - 9 + 15) / 16);
-}
-
-TEST(GridOutline, LightsTheBoxUnderTheMouse) {
-    OutlineWindow shown;
-    const RECT box = shown.Box(2);
-    const COLORREF lit = MixColors(kColors.back, kColors.accent, 40);
-    ASSERT_EQ(shown.Count(box, lit), 0);
-
-    shown.MoveTo(box.left + 1, box.top + 1);
-    EXPECT_GT(shown.Count(box, lit), 40);
-    EXPECT_EQ(shown.Pixel(box.left, box.top), MixColors(kColors.back, kColors.text, 220));
-    EXPECT_EQ(shown.Count(shown.Box(0), lit), 0);
-
-    shown.MoveTo(box.left + 40, box.top + 1);
-    EXPECT_EQ(shown.Count(box, lit), 0);
-}
-
-TEST(GridOutline, PutsTheLightOutWhenTheMouseLeaves) {
-    OutlineWindow shown;
-    const RECT box = shown.Box(2);
-    const COLORREF lit = MixColors(kColors.back, kColors.accent, 40);
-    // Not through the queue: the system would find the mouse elsewhere and say so at once.
-    shown.window.Send(WM_MOUSEMOVE, 0, MAKELPARAM(box.left + 1, box.top + 1));
-    UpdateWindow(shown.TheGrid().Window());
-    ASSERT_GT(shown.Count(box, lit), 40);
-
-    shown.window.Send(WM_MOUSELEAVE);
-    shown.window.Paint();
-    EXPECT_EQ(shown.Count(box, lit), 0);
-}
-
-TEST(GridOutline, LooksForTheMouseAnewWhenRowsMove) {
-    OutlineWindow shown;
-    const RECT box = shown.Box(2);
-    shown.window.Send(WM_MOUSEMOVE, 0, MAKELPARAM(box.left + 1, box.top + 1));
-    shown.Toggle(2);  // the mouse itself was never there
-    UpdateWindow(shown.TheGrid().Window());
-    EXPECT_EQ(shown.Count(box, MixColors(kColors.back, kColors.accent, 40)), 0);
-
-    POINT mouse{box.left + 5, box.top + 5};
-    ClientToScreen(shown.TheGrid().Window(), &mouse);
-    SetCursorPos(mouse.x, mouse.y);
-    shown.window.Send(WM_MOUSEMOVE, 0, MAKELPARAM(box.left + 5, box.top + 5));
-    shown.Toggle(2);
-    UpdateWindow(shown.TheGrid().Window());
-    EXPECT_GT(shown.Count(box, MixColors(kColors.back, kColors.accent, 40)), 40);
-    SetCursorPos(0, 0);
-}
-
-TEST(GridOutline, TellsAClickOnABoxAndSelectsNoCell) {
-    OutlineWindow shown;
-    const RECT box = shown.Box(2);
-
-    shown.ClickAt(box.left + 5, box.top + 5);
-    EXPECT_EQ(shown.window.expanders, std::vector<int>{2});
-    EXPECT_EQ(shown.window.pressed, GridCell{});
-    EXPECT_EQ(shown.window.clicked, GridCell{});
-    EXPECT_EQ(shown.TheGrid().Current().gridColumn, -1);
-
-    shown.ClickAt(box.left + 5, box.top + 5, WM_LBUTTONDBLCLK);
-    EXPECT_EQ(shown.window.expanders, (std::vector<int>{2, 2}));
-}
-
-TEST(GridOutline, TakesAClickTwoPixelsBesideTheBox) {
-    OutlineWindow shown;
-    const RECT box = shown.Box(2);
-
-    shown.ClickAt(box.left - 2, box.top - 2);
-    shown.ClickAt(box.right + 1, box.bottom + 1);
-    EXPECT_EQ(shown.window.expanders, (std::vector<int>{2, 2}));
-    shown.ClickAt(box.left - 3, box.top);
-    shown.ClickAt(box.right + 2, box.top);
-    EXPECT_EQ(shown.window.expanders.size(), 2u);
-    EXPECT_EQ(shown.window.clicked, (GridCell{2, 0}));
-}
-
-TEST(GridOutline, FindsTheBoxBehindTheLineNumbers) {
-    OutlineWindow shown({.window = {.style = {.lineNumbers = true}, .colors = kColors}});
-    const RECT box = shown.Box(2);
-    ASSERT_GT(box.left, shown.TheGrid().ColumnWidth(0));
-
-    shown.ClickAt(box.left + 5, box.top + 5);
-    EXPECT_EQ(shown.window.expanders, std::vector<int>{2});
-    shown.ClickAt(box.left + 5 - shown.TheGrid().ColumnWidth(0), box.top + 5);
-    EXPECT_EQ(shown.window.expanders.size(), 1u);
-}
-
-TEST(GridOutline, TakesNoBoxWhereARowHasNone) {
-    OutlineWindow shown;
-    const RECT box = shown.Box(1);  // a string
-
-    shown.ClickAt(box.left + 5, box.top + 5);
-    EXPECT_TRUE(shown.window.expanders.empty());
-    EXPECT_EQ(shown.window.clicked, (GridCell{1, 0}));
-}
-
-TEST(GridOutline, LeavesARightClickOnABoxToTheMenu) {
-    OutlineWindow shown;
-    const RECT box = shown.Box(2);
-
-    shown.ClickAt(box.left + 5, box.top + 5, WM_RBUTTONDOWN, WM_RBUTTONUP);
-    EXPECT_TRUE(shown.window.expanders.empty());
-    EXPECT_EQ(shown.window.clicked, (GridCell{2, 0}));
 }
 
 TEST(GridOutline, GivesTheValueColumnTheRestOfTheWindow) {
@@ -428,31 +232,6 @@ TEST(GridOutline, DrawsNoNumberByItsSeparator) {
     const RECT start{cell.left + 1, cell.top + 1, cell.left + 20, cell.bottom - 1};
     EXPECT_LT(shown.Count(start, kColors.back2),
               (start.right - start.left) * (start.bottom - start.top));
-}
-
-TEST(GridOutline, SwallowsTheCharactersOfItsKeys) {
-    OutlineWindow shown({.json = LR"({"*a": 1, "+b": 2, "-c": 3, "/d": 4, "e": 5})"});
-    shown.TheGrid().GoTo({0, 0});
-    for (const wchar_t typed : {L'*', L'+', L'-', L'/'}) {
-        shown.window.Send(WM_CHAR, typed, 1);
-        EXPECT_EQ(shown.TheGrid().Current().viewRow, 0) << static_cast<int>(typed);
-    }
-    shown.window.Send(WM_CHAR, L'e', 1);
-    EXPECT_EQ(shown.TheGrid().Current().viewRow, 5);
-}
-
-TEST(GridOutline, FindsTypedNamesWhateverColumnIsCurrent) {
-    OutlineWindow shown({.json = LR"({"a": "x", "b": "c", "c": "x"})"});
-    shown.TheGrid().GoTo({0, 1});
-    shown.window.Send(WM_CHAR, L'c', 1);
-    EXPECT_EQ(shown.TheGrid().Current().viewRow, 3);
-}
-
-TEST(GridOutline, LeavesTablesTheirCharacters) {
-    GridWindow table({{L"h"}, {L"x"}, {L"*y"}}, {.colors = kColors});
-    table.grid.GoTo({0, 0});
-    table.Send(WM_CHAR, L'*', 1);
-    EXPECT_EQ(table.grid.Current().viewRow, 1);
 }
 
 }  // namespace
