@@ -8,6 +8,7 @@
 
 #include "model/xml_count_sse2.h"
 #include "model/xml_reader.h"
+#include "model/xml_run.h"
 
 namespace rl {
 
@@ -23,13 +24,10 @@ public:
     void Instruction(XmlExtent, XmlExtent, XmlExtent) { ++nodes; }
     void Doctype(XmlExtent) { ++nodes; }
     void EndTag(XmlExtent, uint32_t) {}
-    void StartTag(uint32_t, XmlExtent) {
-        ++nodes;
-        before_ = attributes;
-    }
+    void BeginAttributes() { before_ = attributes; }
     void Attribute(XmlExtent, XmlExtent, uint16_t) { ++attributes; }
     void ForgetAttributes() { attributes = before_; }
-    void EndStartTag(uint32_t, bool) {}
+    void Element(uint32_t, XmlExtent, uint32_t, bool) { ++nodes; }
 
     size_t nodes = 1;
     size_t attributes = 0;
@@ -125,10 +123,7 @@ public:
         }
     }
 
-    void StartTag(uint32_t start, XmlExtent name) {
-        AddNode(XmlKind::Element, {start, start}, name, {0, 0});
-        firstAttribute_ = tree_.attributes.size();
-    }
+    void BeginAttributes() { firstAttribute_ = tree_.attributes.size(); }
     void Attribute(XmlExtent name, XmlExtent value, uint16_t quote) {
         tree_.attributes.push_back({.nameOffset = name.start,
                                     .nameLength = name.end - name.start,
@@ -137,10 +132,11 @@ public:
                                     .quote = quote});
     }
     void ForgetAttributes() { tree_.attributes.resize(firstAttribute_); }
-    void EndStartTag(uint32_t end, bool isEmpty) {
+    /// The one whose attributes were told before.
+    void Element(uint32_t start, XmlExtent name, uint32_t end, bool isEmpty) {
+        AddNode(XmlKind::Element, {start, end}, name, {0, 0});
         XmlNode& element = tree_.nodes.back();
         const size_t count = tree_.attributes.size() - firstAttribute_;
-        element.sourceEnd = end;
         element.firstAttribute = count > 0 ? static_cast<uint32_t>(firstAttribute_) : 0;
         element.attributeCount = static_cast<uint32_t>(count);
         if (!isEmpty) {
@@ -231,6 +227,28 @@ std::optional<Room> CountMarks(std::basic_string_view<Unit> text, const AbandonC
     return room;
 }
 
+/// Regular markup by its marks, all else by the grammar. False when abandoned.
+template <typename Unit, typename Sink>
+bool ReadByMarks(std::basic_string_view<Unit> text, Sink& sink, const AbandonCheck& abandoned) {
+    constexpr size_t kUnitsBetweenQuestions = size_t{1} << 21;
+    detail::XmlReader<Unit, detail::XmlScanSse2, Sink> grammar(text, sink);
+    detail::XmlRunReader<Unit, Sink> regular(text, sink);
+    while (!grammar.AtEnd()) {
+        if (IsAbandoned(abandoned)) {
+            return false;
+        }
+        const auto pause = static_cast<uint32_t>(
+            grammar.Position() + std::min(grammar.Left(), kUnitsBetweenQuestions));
+        while (grammar.Position() < pause) {
+            grammar.SkipTo(text.data() + regular.Read(grammar.Position(), pause));
+            if (grammar.Position() < pause) {
+                grammar.Step();
+            }
+        }
+    }
+    return true;
+}
+
 template <typename Scan, typename Unit>
 std::optional<XmlTree> ParseWith(std::basic_string_view<Unit> text, const AbandonCheck& abandoned) {
     std::optional<Room> room;
@@ -249,7 +267,13 @@ std::optional<XmlTree> ParseWith(std::basic_string_view<Unit> text, const Abando
     tree->nodes.reserve(room->nodes);
     tree->attributes.reserve(room->attributes);
     NodeBuilder<Unit> builder(text, *tree);
-    if (!detail::XmlReader<Unit, Scan, NodeBuilder<Unit>>(text, builder).Read(abandoned)) {
+    bool isRead = false;
+    if constexpr (std::is_same_v<Scan, detail::XmlScanSse2>) {
+        isRead = ReadByMarks(text, builder, abandoned);
+    } else {
+        isRead = detail::XmlReader<Unit, Scan, NodeBuilder<Unit>>(text, builder).Read(abandoned);
+    }
+    if (!isRead) {
         return std::nullopt;
     }
     builder.Finish();

@@ -14,12 +14,6 @@
 
 namespace rl::detail {
 
-/// Units from the beginning of the text, end exclusive.
-struct XmlExtent {
-    uint32_t start;
-    uint32_t end;
-};
-
 template <typename Unit, typename Scan, typename Sink>
 class XmlReader {
 public:
@@ -59,6 +53,7 @@ public:
     }
 
     [[nodiscard]] const Unit* At() const { return at_; }
+    [[nodiscard]] uint32_t Position() const { return Offset(at_); }
     [[nodiscard]] size_t Left() const { return static_cast<size_t>(end_ - at_); }
     [[nodiscard]] bool AtEnd() const { return at_ == end_; }
     void SkipTo(const Unit* at) { at_ = at; }
@@ -164,9 +159,8 @@ private:
     }
 
     void ReadStartTag() {
-        const Unit* const start = at_;
-        const Unit* const nameEnd = FindIn(kXmlNameEnds, start + 1, end_);
-        sink_.StartTag(Offset(start), Extent(start + 1, nameEnd));
+        const Unit* const nameEnd = FindIn(kXmlNameEnds, at_ + 1, end_);
+        sink_.BeginAttributes();
         if (!ReadPlainTagRest(nameEnd)) {
             sink_.ForgetAttributes();
             ReadAnyTagRest(nameEnd);
@@ -175,17 +169,18 @@ private:
 
     /// What stands behind the name of an ordinary tag, in one go. False, and nothing is settled,
     /// when something else stands there.
-    bool ReadPlainTagRest(const Unit* at) {
+    bool ReadPlainTagRest(const Unit* const tagNameEnd) {
+        const Unit* at = tagNameEnd;
         while (true) {
             at = SkipXmlBlanks(at, end_);
             if (end_ - at < 2) {
                 break;
             }
             if (*at == '>') {
-                return EndStartTag(at + 1, false);
+                return EndStartTag(tagNameEnd, at + 1, false);
             }
             if (*at == '/') {
-                return at[1] == '>' && EndStartTag(at + 2, true);
+                return at[1] == '>' && EndStartTag(tagNameEnd, at + 2, true);
             }
             const Unit* const nameEnd = FindIn(kXmlNameEnds | kXmlQuotes, at, end_);
             if (nameEnd == at || end_ - nameEnd < 2 || nameEnd[0] != '=' ||
@@ -201,17 +196,18 @@ private:
                             static_cast<uint16_t>(nameEnd[1]));
             at = close + 1;
         }
-        return at != end_ && *at == '>' && EndStartTag(at + 1, false);
+        return at != end_ && *at == '>' && EndStartTag(tagNameEnd, at + 1, false);
     }
 
-    bool EndStartTag(const Unit* after, bool isEmpty) {
+    bool EndStartTag(const Unit* nameEnd, const Unit* after, bool isEmpty) {
+        sink_.Element(Offset(at_), Extent(at_ + 1, nameEnd), Offset(after), isEmpty);
         at_ = after;
-        sink_.EndStartTag(Offset(after), isEmpty);
         return true;
     }
 
     /// The same for any tag: its end first, then whatever looks like an attribute before it.
-    void ReadAnyTagRest(const Unit* at) {
+    void ReadAnyTagRest(const Unit* const nameEnd) {
+        const Unit* at = nameEnd;
         const Unit* const close = FindTagEnd(at);
         const Unit* last = close;
         while (last != at && IsIn(kXmlBlanks, last[-1])) {
@@ -221,7 +217,7 @@ private:
         while (at < close) {
             at = ReadAttribute(at, close);
         }
-        EndStartTag(close + (close == end_ ? 0 : 1), isEmpty);
+        EndStartTag(nameEnd, close + (close == end_ ? 0 : 1), isEmpty);
     }
 
     /// One step of the search for attributes; where the next one begins.

@@ -15,6 +15,12 @@
 
 namespace rl::detail {
 
+/// Units from the beginning of the text, end exclusive.
+struct XmlExtent {
+    uint32_t start;
+    uint32_t end;
+};
+
 struct XmlScanPlain {
     template <typename Unit>
     static const Unit* FindUnit(const Unit* at, const Unit* end, char wanted) {
