@@ -73,7 +73,7 @@ Outcome ParseUnits(const Text& text, rl::XmlScanKernel kernel) {
 }
 
 Outcome Parse() {
-    return ParseUnits(Events(), rl::XmlScanKernel::Sse2);
+    return ParseUnits(Events(), rl::BestXmlScanKernel());
 }
 
 Outcome ParsePlain() {
@@ -101,27 +101,27 @@ Text Repeat(std::string_view piece, size_t size) {
 
 Outcome ParsePlainEvents() {
     static const Text text = Widen(EventBytes(kAttackUnits));
-    return ParseUnits(text, rl::XmlScanKernel::Sse2);
+    return ParseUnits(text, rl::BestXmlScanKernel());
 }
 
 Outcome ParseNested() {
     static const Text text = Repeat("<a>", kAttackUnits / 2) + Repeat("</a>", kAttackUnits / 2);
-    return ParseUnits(text, rl::XmlScanKernel::Sse2);
+    return ParseUnits(text, rl::BestXmlScanKernel());
 }
 
 Outcome ParseStrayEndTags() {
     static const Text text = Repeat("<a>", kAttackUnits / 2) + Repeat("</b>", kAttackUnits / 2);
-    return ParseUnits(text, rl::XmlScanKernel::Sse2);
+    return ParseUnits(text, rl::BestXmlScanKernel());
 }
 
 Outcome ParseAttributes() {
     static const Text text = Widen("<r") + Repeat(" a='1'", kAttackUnits);
-    return ParseUnits(text, rl::XmlScanKernel::Sse2);
+    return ParseUnits(text, rl::BestXmlScanKernel());
 }
 
 Outcome ParseOpenQuotes() {
     static const Text text = Widen("<r/>") + Repeat("<a b=c \"d", kAttackUnits);
-    return ParseUnits(text, rl::XmlScanKernel::Sse2);
+    return ParseUnits(text, rl::BestXmlScanKernel());
 }
 
 constexpr size_t kRecords = 100'000;

@@ -69,8 +69,19 @@ void CheckTree(const std::u16string& narrow, const std::wstring& text) {
     const auto tree = rl::ParseXml(text);
     Require(tree.has_value(), "every text parses");
     Require(rl::ParseXml(narrow, {}, rl::XmlScanKernel::Plain) == tree &&
-                rl::ParseXml(narrow, {}, rl::XmlScanKernel::Sse2) == tree,
+                rl::ParseXml(narrow, {}, rl::XmlScanKernel::Sse2) == tree &&
+                rl::ParseXml(narrow) == tree,
             "the kernels find the same");
+    // Regular markup before and behind puts the text into the middle of what is read by marks.
+    const std::u16string before(narrow.size() % 64, u' ');
+    std::u16string framed = u"<a b=\"1\">" + before + narrow;
+    while (framed.size() < 512) {
+        framed += u"<c d=\"2\"> e <f/></c>";
+    }
+    const auto plain = rl::ParseXml(framed, {}, rl::XmlScanKernel::Plain);
+    Require(
+        rl::ParseXml(framed, {}, rl::XmlScanKernel::Sse2) == plain && rl::ParseXml(framed) == plain,
+        "the kernels find the same in a frame");
     const auto size = static_cast<uint32_t>(text.size());
     size_t owned = 0;
     for (size_t i = 0; i < tree->nodes.size(); ++i) {

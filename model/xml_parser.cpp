@@ -1,12 +1,13 @@
 #include "model/xml_parser.h"
 
 #include <algorithm>
+#include <array>
 #include <cwchar>
-#include <type_traits>
 #include <unordered_map>
 #include <utility>
 
-#include "model/xml_count_sse2.h"
+#include "load/text/cpu_features.h"
+#include "model/xml_marks.h"
 #include "model/xml_reader.h"
 #include "model/xml_run.h"
 
@@ -193,15 +194,33 @@ std::optional<Room> CountExactly(std::basic_string_view<Unit> text, const Abando
     return Room{.nodes = counter.nodes, .attributes = counter.attributes};
 }
 
-/// The marks counted where that is enough. A text that would ask for far more than texts do, for
+/// Counts [at, end) up to the first "<!"; where that is.
+template <typename Unit>
+const Unit* CountTo(const Unit* at, const Unit* end, const detail::XmlMarkKernel<Unit>& kernel,
+                    detail::XmlMarkCounts& counts) {
+    const auto blocks = static_cast<size_t>(end - at) / detail::kXmlBlock;
+    const Unit* const found = at + kernel.count(at, blocks, counts);
+    const Unit* const whole = at + blocks * detail::kXmlBlock;
+    if (found != whole || whole == end) {
+        return found;
+    }
+    std::array<Unit, detail::kXmlBlock> rest;  // nothing may be read behind the text
+    std::fill(std::copy(whole, end, rest.begin()), rest.end(), Unit{' '});
+    return whole + std::min(kernel.count(rest.data(), 1, counts), end - whole);
+}
+
+/// The marks counted where that is enough: comments and the like may hold anything, so they are
+/// left to the grammar, one by one. A text that would ask for far more room than texts do, for
 /// instance one of nothing but "<", is read exactly instead.
 template <typename Unit>
-std::optional<Room> CountMarks(std::basic_string_view<Unit> text, const AbandonCheck& abandoned) {
+std::optional<Room> CountMarks(std::basic_string_view<Unit> text,
+                               const detail::XmlMarkKernel<Unit>& kernel,
+                               const AbandonCheck& abandoned) {
     constexpr size_t kUsualBytesPerUnit = 4;
     constexpr size_t kUnitsBetweenQuestions = size_t{1} << 21;
     NodeCounter sections;
     detail::XmlReader<Unit, detail::XmlScanSse2, NodeCounter> grammar(text, sections);
-    detail::XmlMarkCounter marks;
+    detail::XmlMarkCounts marks;
     size_t questions = 0;
     while (!grammar.AtEnd()) {
         if (questions++ % 1024 == 0 && IsAbandoned(abandoned)) {
@@ -212,14 +231,14 @@ std::optional<Room> CountMarks(std::basic_string_view<Unit> text, const AbandonC
             ++ahead;  // a "<!" stays in one piece
         }
         const Unit* const pause = grammar.At() + ahead;
-        const Unit* const section = marks.Count(grammar.At(), pause);
+        const Unit* const section = CountTo(grammar.At(), pause, kernel, marks);
         grammar.SkipTo(section);
         if (section != pause) {
             grammar.Step();
-            marks.Restart();
+            marks = {.nodes = marks.nodes, .attributes = marks.attributes};
         }
     }
-    const Room room{.nodes = sections.nodes + marks.Nodes(), .attributes = marks.Attributes()};
+    const Room room{.nodes = sections.nodes + marks.nodes, .attributes = marks.attributes};
     const size_t bytes = room.nodes * sizeof(XmlNode) + room.attributes * sizeof(XmlAttribute);
     if (bytes / kUsualBytesPerUnit > text.size()) {
         return CountExactly<detail::XmlScanSse2>(text, abandoned);
@@ -229,16 +248,17 @@ std::optional<Room> CountMarks(std::basic_string_view<Unit> text, const AbandonC
 
 /// Regular markup by its marks, all else by the grammar. False when abandoned.
 template <typename Unit, typename Sink>
-bool ReadByMarks(std::basic_string_view<Unit> text, Sink& sink, const AbandonCheck& abandoned) {
+bool ReadByMarks(std::basic_string_view<Unit> text, const detail::XmlMarkKernel<Unit>& kernel,
+                 Sink& sink, const AbandonCheck& abandoned) {
     constexpr size_t kUnitsBetweenQuestions = size_t{1} << 21;
     detail::XmlReader<Unit, detail::XmlScanSse2, Sink> grammar(text, sink);
-    detail::XmlRunReader<Unit, Sink> regular(text, sink);
+    detail::XmlRunReader<Unit, Sink> regular(text, kernel, sink);
     while (!grammar.AtEnd()) {
         if (IsAbandoned(abandoned)) {
             return false;
         }
-        const auto pause = static_cast<uint32_t>(
-            grammar.Position() + std::min(grammar.Left(), kUnitsBetweenQuestions));
+        const auto pause = static_cast<uint32_t>(grammar.Position() +
+                                                 std::min(grammar.Left(), kUnitsBetweenQuestions));
         while (grammar.Position() < pause) {
             grammar.SkipTo(text.data() + regular.Read(grammar.Position(), pause));
             if (grammar.Position() < pause) {
@@ -249,17 +269,13 @@ bool ReadByMarks(std::basic_string_view<Unit> text, Sink& sink, const AbandonChe
     return true;
 }
 
-template <typename Scan, typename Unit>
-std::optional<XmlTree> ParseWith(std::basic_string_view<Unit> text, const AbandonCheck& abandoned) {
-    std::optional<Room> room;
+/// Counts, makes room and reads, each in the way the kernel offers.
+template <typename Unit, typename Count, typename Read>
+std::optional<XmlTree> Build(std::basic_string_view<Unit> text, Count count, Read read) {
     if (text.size() > kMaxXmlUnits) {
         return std::nullopt;
     }
-    if constexpr (std::is_same_v<Scan, detail::XmlScanSse2>) {
-        room = CountMarks(text, abandoned);
-    } else {
-        room = CountExactly<Scan>(text, abandoned);
-    }
+    const std::optional<Room> room = count();
     if (!room) {
         return std::nullopt;
     }
@@ -267,37 +283,56 @@ std::optional<XmlTree> ParseWith(std::basic_string_view<Unit> text, const Abando
     tree->nodes.reserve(room->nodes);
     tree->attributes.reserve(room->attributes);
     NodeBuilder<Unit> builder(text, *tree);
-    bool isRead = false;
-    if constexpr (std::is_same_v<Scan, detail::XmlScanSse2>) {
-        isRead = ReadByMarks(text, builder, abandoned);
-    } else {
-        isRead = detail::XmlReader<Unit, Scan, NodeBuilder<Unit>>(text, builder).Read(abandoned);
-    }
-    if (!isRead) {
+    if (!read(builder)) {
         return std::nullopt;
     }
     builder.Finish();
     return tree;
 }
 
+template <typename Unit>
+std::optional<XmlTree> ParsePlainly(std::basic_string_view<Unit> text,
+                                    const AbandonCheck& abandoned) {
+    using Plain = detail::XmlScanPlain;
+    return Build(
+        text, [&] { return CountExactly<Plain>(text, abandoned); },
+        [&](NodeBuilder<Unit>& builder) {
+            return detail::XmlReader<Unit, Plain, NodeBuilder<Unit>>(text, builder).Read(abandoned);
+        });
+}
+
+template <typename Unit>
+std::optional<XmlTree> Parse(std::basic_string_view<Unit> text, const AbandonCheck& abandoned,
+                             XmlScanKernel kernel) {
+    if (kernel == XmlScanKernel::Plain) {
+        return ParsePlainly(text, abandoned);
+    }
+    const auto marks =
+        kernel == XmlScanKernel::Avx2 ? detail::XmlMarksAvx2<Unit>() : detail::XmlMarksSse2<Unit>();
+    return Build(
+        text, [&] { return CountMarks(text, marks, abandoned); },
+        [&](NodeBuilder<Unit>& builder) { return ReadByMarks(text, marks, builder, abandoned); });
+}
+
 }  // namespace
+
+XmlScanKernel BestXmlScanKernel() {
+    return HasAvx2() ? XmlScanKernel::Avx2 : XmlScanKernel::Sse2;
+}
 
 std::optional<XmlTree> ParseXml(std::wstring_view text, const AbandonCheck& abandoned,
                                 XmlScanKernel kernel) {
 #if WCHAR_MAX == 0xFFFF
-    if (kernel == XmlScanKernel::Sse2) {
-        return ParseWith<detail::XmlScanSse2>(text, abandoned);
-    }
+    return Parse(text, abandoned, kernel);
 #else
     (void)kernel;
+    return ParsePlainly(text, abandoned);
 #endif
-    return ParseWith<detail::XmlScanPlain>(text, abandoned);
 }
 
 std::optional<XmlTree> ParseXml(std::u16string_view text, const AbandonCheck& abandoned,
                                 XmlScanKernel kernel) {
-    return kernel == XmlScanKernel::Sse2 ? ParseWith<detail::XmlScanSse2>(text, abandoned)
-                                         : ParseWith<detail::XmlScanPlain>(text, abandoned);
+    return Parse(text, abandoned, kernel);
 }
 
 }  // namespace rl

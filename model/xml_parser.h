@@ -27,15 +27,18 @@ struct XmlTree {
 /// Texts of more units than this are not parsed: node indices have 31 bits.
 inline constexpr size_t kMaxXmlUnits = 0x7FFFFFF0;
 
-enum class XmlScanKernel { Plain, Sse2 };
+enum class XmlScanKernel { Plain, Sse2, Avx2 };
+
+/// The fastest this processor offers.
+[[nodiscard]] XmlScanKernel BestXmlScanKernel();
 
 /// The nodes of `text`; nothing when it is too long or when `abandoned`, asked every few million
 /// units, said so. Units wider than 16 bits are always scanned by the plain kernel.
 [[nodiscard]] std::optional<XmlTree> ParseXml(std::wstring_view text,
                                               const AbandonCheck& abandoned = {},
-                                              XmlScanKernel kernel = XmlScanKernel::Sse2);
+                                              XmlScanKernel kernel = BestXmlScanKernel());
 [[nodiscard]] std::optional<XmlTree> ParseXml(std::u16string_view text,
                                               const AbandonCheck& abandoned = {},
-                                              XmlScanKernel kernel = XmlScanKernel::Sse2);
+                                              XmlScanKernel kernel = BestXmlScanKernel());
 
 }  // namespace rl

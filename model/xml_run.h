@@ -5,11 +5,12 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
-#include "model/xml_marks_sse2.h"
+#include "model/xml_marks.h"
 #include "model/xml_scan.h"
 #include "model/xml_text.h"
 
@@ -18,8 +19,11 @@ namespace rl::detail {
 template <typename Unit, typename Sink>
 class XmlRunReader {
 public:
-    XmlRunReader(std::basic_string_view<Unit> text, Sink& sink)
-        : text_(text.data()), size_(static_cast<uint32_t>(text.size())), sink_(sink) {}
+    XmlRunReader(std::basic_string_view<Unit> text, const XmlMarkKernel<Unit>& kernel, Sink& sink)
+        : text_(text.data()),
+          size_(static_cast<uint32_t>(text.size())),
+          find_(kernel.find),
+          sink_(sink) {}
 
     /// Reads texts and tags from `at` on, where one must begin, until `pause` or the first that is
     /// not regular; where that one begins. Ask again behind it.
@@ -28,7 +32,7 @@ public:
             if (at >= stretchEnd_ && !FindMarks(at)) {
                 return at;
             }
-            while (next_ < marks_.Size() && marks_[next_] < at) {
+            while (next_ < markCount_ && marks_[next_] < at) {
                 ++next_;
             }
             const uint32_t before = at;
@@ -46,14 +50,13 @@ public:
 private:
     /// False while marks are not worth a try.
     bool FindMarks(uint32_t at) {
-        const size_t blocks =
-            std::min<size_t>((size_ - at) / XmlMarks::kBlock, XmlMarks::kBlocks);
+        const uint32_t blocks = std::min((size_ - at) / kXmlBlock, kBlocks);
         if (at < irregularEnd_ || blocks == 0) {
             return false;
         }
-        const size_t found = marks_.Find(text_ + at, blocks, at, quote_);
-        stretchEnd_ = at + static_cast<uint32_t>(found * XmlMarks::kBlock);
-        irregularEnd_ = found < blocks ? stretchEnd_ + uint32_t{XmlMarks::kBlock} : 0;
+        const size_t found = find_(text_ + at, blocks, at, quote_, marks_.data(), markCount_);
+        stretchEnd_ = at + static_cast<uint32_t>(found) * kXmlBlock;
+        irregularEnd_ = found < blocks ? stretchEnd_ + kXmlBlock : 0;
         next_ = 0;
         return found > 0;
     }
@@ -61,7 +64,7 @@ private:
     /// False when the next item is not regular, true when the marks end before it does.
     bool ReadItems(uint32_t& at) {
         constexpr size_t kMarksOfShortItem = 4;  // a text and a tag without attributes
-        while (next_ + kMarksOfShortItem <= marks_.Size()) {
+        while (next_ + kMarksOfShortItem <= markCount_) {
             uint32_t open = marks_[next_];
             if (text_[open] != '<') {
                 open = marks_[++next_];
@@ -115,7 +118,7 @@ private:
         if (IsIn(kXmlQuotes, text_[nameEnd + 1])) {
             return kIrregular;
         }
-        while (next < marks_.Size()) {
+        while (next < markCount_) {
             const uint32_t name = marks_[next];
             if (text_[name] == '>') {
                 next_ = next + 1;
@@ -124,7 +127,7 @@ private:
                            ? kIrregular
                            : Rest{.end = name + 1, .isEmpty = last == '/', .isCutOff = false};
             }
-            if (next + 3 > marks_.Size()) {
+            if (next + 3 > markCount_) {
                 break;
             }
             const uint32_t equals = marks_[next + 1];
@@ -151,13 +154,16 @@ private:
     }
 
     /// What cannot follow the "<" of an ordinary tag.
-    static constexpr uint64_t kStrangeFirsts =
-        kXmlNameEnds | kXmlQuotes | UnitSet('<', '!', '?');
+    static constexpr uint64_t kStrangeFirsts = kXmlNameEnds | kXmlQuotes | UnitSet('<', '!', '?');
+
+    static constexpr uint32_t kBlocks = 32;  // of a stretch, at most
 
     const Unit* text_;
     uint32_t size_;
+    decltype(XmlMarkKernel<Unit>::find) find_;
     Sink& sink_;
-    XmlMarks marks_;
+    std::array<uint32_t, kBlocks * kXmlBlock + kXmlMarksInVain> marks_;
+    size_t markCount_ = 0;
     size_t next_ = 0;            // of the marks: the first of what is to be read
     uint32_t stretchEnd_ = 0;    // behind the units whose marks are known
     uint32_t irregularEnd_ = 0;  // no new stretch begins before

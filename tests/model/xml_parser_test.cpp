@@ -171,7 +171,8 @@ TEST(XmlParser, LinksParentsChildrenAndSiblings) {
 }
 
 void ExpectNothingWasted(const std::u16string& text) {
-    for (const XmlScanKernel kernel : {XmlScanKernel::Plain, XmlScanKernel::Sse2}) {
+    for (const XmlScanKernel kernel :
+         {XmlScanKernel::Plain, XmlScanKernel::Sse2, BestXmlScanKernel()}) {
         const XmlTree tree = ParseXml(text, {}, kernel).value();
         EXPECT_EQ(tree.nodes.capacity(), tree.nodes.size());
         EXPECT_EQ(tree.attributes.capacity(), tree.attributes.size());
@@ -270,6 +271,7 @@ TEST(XmlParser, ReadsAHundredThousandAttributes) {
 void ExpectKernelsAgree(const std::u16string& text) {
     const XmlTree plain = ParseXml(text, {}, XmlScanKernel::Plain).value();
     EXPECT_TRUE(ParseXml(text, {}, XmlScanKernel::Sse2).value() == plain);
+    EXPECT_TRUE(ParseXml(text).value() == plain);
     EXPECT_TRUE(ParseXml(std::wstring(text.begin(), text.end())).value() == plain);
 }
 
@@ -291,6 +293,88 @@ TEST(XmlScanKernels, FindTheSameInLongRuns) {
         const std::u16string run(length, u'x');
         ExpectKernelsAgree(u"<a b=\"" + run + u"\" c='" + run + u"'>" + run + u"</a>" + run +
                            u"<!--" + run + u"--><?p " + run + u"?><x " + run + u"\"" + run);
+    }
+}
+
+// Each of these looks nearly regular to somebody who only sees marks.
+constexpr std::array<std::u16string_view, 44> kOddPieces = {
+    u"<a 'b>c='d'>",
+    u"<a \"b>c=\"d\">",
+    u"<a b='\"'>",
+    u"<a b=\"'\">",
+    u"<a b='1' c=\"2\">",
+    u"<a b=\"1\" c='2'>",
+    u"<a b='><'>",
+    u"<a b=\"><\">",
+    u"<a  \"b\">",
+    u"<a \"b\">",
+    u"<a\"b\">",
+    u"<a'b'>",
+    u"<a=\"b\">",
+    u"<a =\"b\">",
+    u"<a b =\"c\">",
+    u"<a b= \"c\">",
+    u"<a b=c>",
+    u"<a b=\"c\"d=\"e\">",
+    u"<a b=\"c\"\"d\">",
+    u"<a b=\"c\"/ >",
+    u"<a b=\"c\" / >",
+    u"<a / b=\"c\">",
+    u"<a/b=\"c\">",
+    u"<a/ >",
+    u"<a/>",
+    u"<a />",
+    u"<a = >",
+    u"<a =/>",
+    u"< a>",
+    u"<>",
+    u"<\"a\">",
+    u"</ a>",
+    u"</a >",
+    u"</a b=\">\">",
+    u"</a'b'>",
+    u"</>",
+    u"</a/b>",
+    u"<!-- > < \" -->",
+    u"<!-- < ' -->",
+    u"<![CDATA[ > ' \" ]]>",
+    u"<? > < ?>",
+    u"a > b",
+    u"\v \" ' / =",
+    u"<\u013C \u223E=\"\u2F3C\">",
+};
+
+/// Regular markup of all kinds, which the odd piece must not disturb, nor be disturbed by.
+std::u16string Framed(std::u16string_view piece, size_t gap) {
+    std::u16string text = u"<r>" + std::u16string(gap, gap % 2 == 0 ? u' ' : u'x');
+    text += piece;
+    for (int i = 0; i < 12; ++i) {
+        text += u" <b c=\"1\" d=\"two three\">four</b>\n <e/> five <f g=\"/=\"/>";
+    }
+    return text + u"</r>";
+}
+
+TEST(XmlScanKernels, FindTheSameAroundOddPieces) {
+    for (const std::u16string_view piece : kOddPieces) {
+        SCOPED_TRACE(testing::PrintToString(std::u16string(piece)));
+        for (size_t gap = 0; gap < 70; ++gap) {
+            ExpectKernelsAgree(Framed(piece, gap));
+        }
+    }
+}
+
+TEST(XmlScanKernels, FindTheSameInMixedPieces) {
+    uint32_t random = 2024;
+    for (int round = 0; round < 1500; ++round) {
+        std::u16string text;
+        while (text.size() < static_cast<size_t>(100 + round * 3)) {
+            random = random * 1664525 + 1013904223;
+            const uint32_t die = random >> 12;
+            text += die % 8 == 0   ? kOddPieces.at((die >> 3) % kOddPieces.size())
+                    : die % 2 == 0 ? std::u16string_view(u"<b c=\"1\">text</b> ")
+                                   : std::u16string_view(u"\n  <e f='2' g='h i'/>");
+        }
+        ExpectKernelsAgree(text);
     }
 }
 
