@@ -84,7 +84,7 @@ void Grid::ShowTable(const RowView* view, const Style& style) {
         ApplyRowHeight();
     }
     if (view != nullptr) {
-        columns_.Reset(view->Model().ColumnCount(), style.lineNumbers);
+        columns_.Reset(std::min(view->Model().ColumnCount(), kMaxShownColumns), style.lineNumbers);
     }
     current_ = {};
     typeAhead_.Clear();

@@ -30,6 +30,9 @@ struct OutlineRow;
 
 inline constexpr int kGridId = 1001;
 
+/// The list view takes time by the square of its columns: a table of more shows its first ones.
+inline constexpr int kMaxShownColumns = 10'000;
+
 /// A cell of the grid, by its place on screen; -1 where there is none.
 struct GridCell {
     int viewRow = -1;

@@ -1,6 +1,7 @@
 // An item's data is its node's index + 1; 0 marks the child that stands for those not yet listed.
 #include "view/tree_pane.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,9 @@ constexpr int kIndent = 18;  // at 96 dpi
 /// The control deletes and measures its items by recursion: it must not be led as deep as a file
 /// may be nested.
 constexpr size_t kDeepestSelection = 1000;
+
+/// The data of an item that stands for no node and is no placeholder either.
+constexpr LPARAM kNoNode = -1;
 
 }  // namespace
 
@@ -96,14 +100,9 @@ void TreePane::Show(const TreeItems& items) {
     Clear();
     items_ = items;
     const RedrawScope still(window_);
-    HTREEITEM last = TVI_FIRST;
-    int32_t position = 0;
-    for (const int32_t node : items_.TopNodes()) {
-        last = Insert(TVI_ROOT, last, node, position++);
-        if (last == nullptr) {
-            return;
-        }
-        Open(last);
+    InsertAll(TVI_ROOT, items_.TopNodes());
+    for (HTREEITEM item = Next(TVGN_ROOT, nullptr); item != nullptr; item = Next(TVGN_NEXT, item)) {
+        Open(item);
     }
 }
 
@@ -139,9 +138,8 @@ bool TreePane::Select(int32_t node) {
 }
 
 int32_t TreePane::SelectedNode() const {
-    const auto item =
-        reinterpret_cast<HTREEITEM>(SendMessageW(window_, TVM_GETNEXTITEM, TVGN_CARET, 0));
-    return item == nullptr ? -1 : static_cast<int32_t>(DataOf(item)) - 1;
+    const HTREEITEM item = Next(TVGN_CARET, nullptr);
+    return item == nullptr || DataOf(item) <= 0 ? -1 : static_cast<int32_t>(DataOf(item)) - 1;
 }
 
 // The system's colours for a selection without the focus cannot be read in a dark theme.
@@ -220,29 +218,47 @@ HTREEITEM TreePane::Insert(HTREEITEM parent, HTREEITEM after, int32_t node, int3
 
 // Each is put behind the one before: where the control would look for the last one, many children
 // would take it long.
+void TreePane::InsertAll(HTREEITEM parent, const std::vector<int32_t>& nodes) {
+    const size_t shown = std::min(nodes.size(), kMostChildren);
+    HTREEITEM last = TVI_FIRST;
+    for (size_t i = 0; i < shown; ++i) {
+        last = Insert(parent, last, nodes[i], static_cast<int32_t>(i));
+        if (last == nullptr) {
+            return;
+        }
+    }
+    if (shown < nodes.size()) {
+        std::wstring label = L"\x2026 " + std::to_wstring(nodes.size() - shown) + L" more";
+        TVINSERTSTRUCTW more{};
+        more.hParent = parent;
+        more.hInsertAfter = last;
+        more.itemex.mask = TVIF_TEXT | TVIF_PARAM;
+        more.itemex.pszText = label.data();
+        more.itemex.lParam = kNoNode;
+        SendMessageW(window_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&more));
+    }
+}
+
 void TreePane::Fill(HTREEITEM item) {
-    const auto first = reinterpret_cast<HTREEITEM>(
-        SendMessageW(window_, TVM_GETNEXTITEM, TVGN_CHILD, reinterpret_cast<LPARAM>(item)));
+    const HTREEITEM first = Next(TVGN_CHILD, item);
     if (first == nullptr || DataOf(first) != 0) {
         return;
     }
     const std::vector<int32_t> children = items_.Children(static_cast<int32_t>(DataOf(item)) - 1);
     const RedrawScope still(window_);
     SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(first));
-    HTREEITEM last = TVI_FIRST;
-    int32_t position = 0;
-    for (const int32_t child : children) {
-        last = Insert(item, last, child, position++);
-        if (last == nullptr) {
-            return;
-        }
-    }
+    InsertAll(item, children);
 }
 
 // The control does not ask for the children when it is told to open an item.
 void TreePane::Open(HTREEITEM item) {
     Fill(item);
     SendMessageW(window_, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(item));
+}
+
+HTREEITEM TreePane::Next(UINT relation, HTREEITEM item) const {
+    return reinterpret_cast<HTREEITEM>(
+        SendMessageW(window_, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
 }
 
 LPARAM TreePane::DataOf(HTREEITEM item) const {

@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <unordered_map>
+#include <vector>
 
 #include "host/config/themes.h"
 #include "view/logic/tree_items.h"
@@ -40,12 +41,16 @@ public:
     void SetFont(HFONT font, int dpi);
     void SetColors(const ThemeColors& colors);
 
+    /// Of a node's children the first that many are listed, and one item that tells how many more
+    /// there are: each costs the control time and memory, and nobody walks through a million.
+    static constexpr size_t kMostChildren = 20'000;
+
     /// Lists a document's top nodes, opened by one level. It must outlive its being shown.
     void Show(const TreeItems& items);
     /// Before the document goes.
     void Clear();
-    /// Selects a node and brings it into view, opening what hides it. False when the tree never
-    /// lists it, or only too deep.
+    /// Selects a node and brings it into view, opening what hides it. False when the tree does not
+    /// list it.
     bool Select(int32_t node);
     /// -1: none.
     [[nodiscard]] int32_t SelectedNode() const;
@@ -54,14 +59,13 @@ public:
     Answer OnNotify(NMHDR& note);
 
 private:
-    LRESULT OnDraw(NMTVCUSTOMDRAW& draw) const;
-    HTREEITEM Insert(HTREEITEM parent, HTREEITEM after, const TreeItem& item);
-    void InsertAll(HTREEITEM parent, int32_t node);
-    /// Makes an item's children in place of its placeholder, unless they are there.
-    void Populate(HTREEITEM item);
+    HTREEITEM Insert(HTREEITEM parent, HTREEITEM after, int32_t node, int32_t position);
+    void InsertAll(HTREEITEM parent, const std::vector<int32_t>& nodes);
+    void Fill(HTREEITEM item);
+    void Open(HTREEITEM item);
+    [[nodiscard]] LRESULT OnDraw(NMTVCUSTOMDRAW& draw) const;
     [[nodiscard]] HTREEITEM Next(UINT relation, HTREEITEM item) const;
-    [[nodiscard]] int32_t NodeOf(HTREEITEM item) const;
-    [[nodiscard]] HTREEITEM FindAmong(HTREEITEM first, int32_t node) const;
+    [[nodiscard]] LPARAM DataOf(HTREEITEM item) const;
 
     HWND window_ = nullptr;
     Color selectionText_ = 0;

@@ -53,6 +53,14 @@ TEST(Grid, DISABLED_StandsOnTheScreenForALook) {
     }
 }
 
+TEST(Grid, ShowsTheFirstColumnsOfATableThatHasTooMany) {
+    GridWindow window(ManyRows(2, kMaxShownColumns + 1));
+    ASSERT_TRUE(window.created);
+    EXPECT_EQ(window.grid.ColumnCount(), kMaxShownColumns);
+    EXPECT_EQ(window.grid.DataColumn(kMaxShownColumns - 1), kMaxShownColumns - 1);
+    EXPECT_EQ(window.grid.DataColumn(kMaxShownColumns), -1);
+}
+
 TEST(Grid, IsAVirtualReportListWithAName) {
     GridWindow window(Towns());
     ASSERT_TRUE(window.created);
