@@ -120,22 +120,34 @@ void CheckTables(const JsonDocument& document) {
     }
 }
 
+template <typename Scan>
+struct Reading {
+    std::vector<JsonNode> nodes;
+    int32_t root = -1;
+    size_t counted = 0;
+
+    explicit Reading(const std::u16string& text) {
+        const rl::AbandonCheck never;
+        rl::JsonParser<char16_t, Scan> parser(text, false, nodes, never);
+        root = parser.Parse(0, text.size(), -1);
+        const char16_t* const end = text.data() + text.size();
+        counted = rl::CountJsonNodes<char16_t, Scan>(text.data(), end, false);
+    }
+};
+
 void CheckKernels(const std::u16string& text) {
     const rl::AbandonCheck never;
-    std::vector<JsonNode> plain;
-    std::vector<JsonNode> fast;
-    rl::JsonParser<char16_t, rl::detail::JsonScanPlain> slow(text, false, plain, never);
-    rl::JsonParser<char16_t, rl::detail::JsonScanSse2> quick(text, false, fast, never);
-    const int32_t root = slow.Parse(0, text.size(), -1);
-    Require(root == quick.Parse(0, text.size(), -1) && plain == fast,
-            "both searches find the same nodes");
+    const Reading<rl::detail::JsonScanPlain> plain(text);
+    const Reading<rl::detail::JsonScanSse2> steps(text);
+    const Reading<rl::detail::JsonScanBest> best(text);
+    Require(plain.root == steps.root && plain.nodes == steps.nodes && plain.root == best.root &&
+                plain.nodes == best.nodes,
+            "all searches find the same nodes");
+    Require(plain.counted == steps.counted && plain.counted == best.counted,
+            "all searches count the same");
+    Require(plain.root < 0 || plain.counted == plain.nodes.size(),
+            "the nodes of a valid text are counted exactly");
     const char16_t* const end = text.data() + text.size();
-    const size_t counted =
-        rl::CountJsonNodes<char16_t, rl::detail::JsonScanPlain>(text.data(), end, false);
-    Require(
-        counted == rl::CountJsonNodes<char16_t, rl::detail::JsonScanSse2>(text.data(), end, false),
-        "both searches count the same");
-    Require(root < 0 || counted == plain.size(), "the nodes of a valid text are counted exactly");
     std::vector<JsonNode> lines;
     if (rl::ParseJsonLines<char16_t>(text, lines, never) >= 0) {
         Require(rl::CountJsonNodes<char16_t>(text.data(), end, true) + 1 == lines.size(),

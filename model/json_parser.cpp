@@ -9,7 +9,6 @@ namespace rl {
 namespace {
 
 constexpr size_t kUncountedNodes = 4096;
-constexpr ptrdiff_t kAskEvery = ptrdiff_t{2} << 20;  // units
 
 template <typename Unit>
 bool StartsWith(const Unit* at, const Unit* end, std::string_view word) {
@@ -24,30 +23,6 @@ bool StartsWith(const Unit* at, const Unit* end, std::string_view word) {
     return true;
 }
 
-template <typename Unit>
-bool IsHexDigit(Unit unit) {
-    return detail::IsJsonDigit(unit) || ((unit | 0x20) >= 'a' && (unit | 0x20) <= 'f');
-}
-
-/// Past the comment that begins at `at`: a line's end is left, an open block takes all.
-template <typename Scan, typename Unit>
-const Unit* PastJsonComment(const Unit* at, const Unit* end) {
-    if (at[1] == '/') {
-        return Scan::PastLine(at + 2, end);
-    }
-    for (at += 2; end - at >= 2; ++at) {
-        if (at[0] == '*' && at[1] == '/') {
-            return at + 2;
-        }
-    }
-    return end;
-}
-
-template <typename Unit>
-bool IsCommentStart(const Unit* at, const Unit* end) {
-    return end - at >= 2 && at[0] == '/' && (at[1] == '/' || at[1] == '*');
-}
-
 }  // namespace
 
 template <typename Unit, typename Scan>
@@ -59,100 +34,112 @@ JsonParser<Unit, Scan>::JsonParser(std::basic_string_view<Unit> text, bool lines
       askAt_(base_),
       nodes_(nodes),
       abandoned_(abandoned),
-      lines_(lines) {}
+      lines_(lines),
+      tokens_(base_) {}
 
 template <typename Unit, typename Scan>
 int32_t JsonParser<Unit, Scan>::Parse(size_t from, size_t to, int32_t parent) {
-    const auto top = static_cast<int32_t>(nodes_.size());
+    const size_t top = nodes_.size();
     end_ = base_ + to;
-    parent_ = parent;
+    endOffset_ = static_cast<uint32_t>(to);
+    AskWhetherAbandoned(base_ + from);
+    if (isAbandoned_ || !ReadAll(base_ + from, parent)) {
+        nodes_.resize(top);
+        return -1;
+    }
+    return static_cast<int32_t>(top);
+}
+
+template <typename Unit, typename Scan>
+bool JsonParser<Unit, Scan>::ReadAll(const Unit* at, int32_t parent) {
+    Place place{.next = tokens_.Start(at, end_), .parent = parent};
+    place.size = static_cast<int32_t>(nodes_.size());
     depth_ = 0;
-    key_ = {};
-    for (const Unit* at = PastGap(base_ + from); at != end_;) {
-        if (at >= askAt_) [[unlikely]] {
-            AskWhetherAbandoned(at);
-            if (isAbandoned_) {
-                return -1;
+    do {
+        if (tokens_.IsLow(place.next)) [[unlikely]] {
+            Refill(place);
+        }
+        place.token = *place.next++;
+        place.keyOffset = place.keyLength = 0;
+        if (place.closer == '}' && !ReadKey(place)) {
+            return false;
+        }
+        if (place.token == endOffset_) {
+            return false;
+        }
+        const Unit first = base_[place.token];
+        bool isRead = false;
+        if (first == '"') {
+            isRead = ReadString(place);
+        } else if (first == '{' || first == '[') {
+            const uint32_t before = depth_;
+            isRead = Open(place);
+            if (depth_ != before) {
+                continue;
             }
+        } else {
+            isRead = ReadWord(place);
         }
-        const uint32_t before = depth_;
-        at = *at == '{' || *at == '[' ? Open(at) : Scalar(at);
-        if (at != nullptr && depth_ == before) {
-            at = AfterValue(at);
+        if (!isRead || !LeaveValue(place)) {
+            return false;
         }
-        if (at == nullptr) {
-            return -1;
-        }
-        if (depth_ == 0) {
-            return PastGap(at) == end_ ? top : -1;
-        }
-    }
-    return -1;
+    } while (depth_ != 0);
+    return *place.next == endOffset_ && !isAbandoned_;
 }
 
-template <typename Unit, typename Scan>
-inline const Unit* JsonParser<Unit, Scan>::PastGap(const Unit* at) const {
-    if (at != end_ && *at > ' ' && *at != '/') [[likely]] {
-        return at;
-    }
-    for (at = Scan::PastBlanks(at, end_); IsCommentStart(at, end_);) {
-        at = Scan::PastBlanks(PastJsonComment<Scan>(at, end_), end_);
-    }
-    return at;
-}
+// Each of the following answers with false when the text is no value.
 
-/// Past the string that must begin at `at`; null when it does not, or does not end.
+/// Of the member whose key is the token; the next token is then its value.
 template <typename Unit, typename Scan>
-inline const Unit* JsonParser<Unit, Scan>::PastString(const Unit* at) const {
-    if (at == end_ || *at != '"') {
-        return nullptr;
+inline bool JsonParser<Unit, Scan>::ReadKey(Place& place) {
+    const uint32_t key = place.token;
+    if (key == endOffset_ || base_[key] != '"') {
+        return false;
     }
-    for (++at;;) {
-        at = Scan::PastStringText(at, end_);
-        if (at == end_) {
-            return nullptr;
+    place.token = *place.next++;
+    uint32_t past = place.token - 1;
+    if (base_[past] == ' ') {
+        --past;
+    }
+    if (base_[past] != ':' || base_[past - 1] != '"') [[unlikely]] {
+        const Unit* const end = detail::PastJsonString<Scan>(base_ + key, end_);
+        if (end == nullptr) {
+            return false;
         }
-        if (*at == '"') {
-            return at + 1;
-        }
-        if (end_ - at < 2) {
-            return nullptr;
-        }
-        if (at[1] == 'u') {
-            if (end_ - at < 6 || !std::all_of(at + 2, at + 6, IsHexDigit<Unit>)) {
-                return nullptr;
+        past = static_cast<uint32_t>(end - base_);
+        if (past == endOffset_ || *end != ':') {
+            if (place.token == endOffset_ || base_[place.token] != ':') {
+                return false;
             }
-            at += 4;
+            place.token = *place.next++;
         }
-        at += 2;
     }
+    place.keyOffset = key;
+    place.keyLength = past - key;
+    return true;
 }
 
-/// To the value of the next member of the innermost container, its key read when it has one.
 template <typename Unit, typename Scan>
-inline const Unit* JsonParser<Unit, Scan>::Member(const Unit* at) {
-    if (frames_[depth_ - 1].closer == ']') {
-        return at;
+inline bool JsonParser<Unit, Scan>::ReadString(Place& place) {
+    uint32_t past = *place.next;
+    if (base_[past - 1] != '"' || past == endOffset_) {
+        const Unit* const end = detail::PastJsonString<Scan>(base_ + place.token, end_);
+        if (end == nullptr || (end != end_ && *end == ':')) {
+            return false;
+        }
+        past = static_cast<uint32_t>(end - base_);
     }
-    const Unit* const past = PastString(at);
-    if (past == nullptr) {
-        return nullptr;
-    }
-    key_ = {static_cast<uint32_t>(at - base_), static_cast<uint32_t>(past - at)};
-    at = PastGap(past);
-    return at != end_ && *at == ':' ? PastGap(at + 1) : nullptr;
+    Append(place, JsonKind::String, past - place.token, -1);
+    return true;
 }
 
-/// Past a value without members; null when there is none.
+/// A number or a literal.
 template <typename Unit, typename Scan>
-inline const Unit* JsonParser<Unit, Scan>::Scalar(const Unit* at) {
+inline bool JsonParser<Unit, Scan>::ReadWord(Place& place) {
+    const Unit* const at = base_ + place.token;
     JsonKind kind = JsonKind::Null;
     const Unit* past = nullptr;
     switch (*at) {
-        case '"':
-            kind = JsonKind::String;
-            past = PastString(at);
-            break;
         case 't':
         case 'f':
             kind = JsonKind::Boolean;
@@ -163,92 +150,104 @@ inline const Unit* JsonParser<Unit, Scan>::Scalar(const Unit* at) {
         case 'n': past = StartsWith(at, end_, "null") ? at + 4 : nullptr; break;
         default:
             kind = JsonKind::Number;
-            past = detail::PastNumber<Scan>(at, end_);
+            past = detail::PastAnyNumber<Scan>(at, end_);
             break;
     }
-    if (past != nullptr) {
-        Append(kind, at, past);
+    // Tokens tell where a word begins, not where it ends.
+    if (past == nullptr ||
+        (past != base_ + *place.next && !detail::IsJsonBlank(*past) && *past != '/')) {
+        return false;
     }
-    return past;
+    Append(place, kind, static_cast<uint32_t>(past - at), -1);
+    return true;
 }
 
-/// Past an empty container, or to the first value inside another, which is then open.
+/// Reads an empty container, or enters another.
 template <typename Unit, typename Scan>
-inline const Unit* JsonParser<Unit, Scan>::Open(const Unit* at) {
-    const auto closer = static_cast<Unit>(*at + 2);
-    const auto node = static_cast<int32_t>(nodes_.size());
-    Append(closer == ']' ? JsonKind::Array : JsonKind::Object, at, at);
-    at = PastGap(at + 1);
-    if (at != end_ && *at == closer) {
-        JsonNode& empty = nodes_.back();
-        empty.valueLength = static_cast<uint32_t>(at + 1 - base_) - empty.valueOffset;
-        return at + 1;
+inline bool JsonParser<Unit, Scan>::Open(Place& place) {
+    const auto closer = static_cast<Unit>(base_[place.token] + 2);
+    const JsonKind kind = closer == ']' ? JsonKind::Array : JsonKind::Object;
+    const uint32_t first = *place.next;
+    if (first != endOffset_ && base_[first] == closer) {
+        ++place.next;
+        Append(place, kind, first + 1 - place.token, -1);
+        return true;
     }
     if (depth_ == kMaxJsonDepth) {
-        return nullptr;  // whatever stands in there is too deep
+        return false;  // whatever stands in there is too deep
     }
-    frames_[depth_++] = {node, -1, 0, closer};
-    key_ = {};
-    return Member(at);
+    Append(place, kind, 0, place.size + 1);
+    if (depth_++ != 0) {
+        nodes_[static_cast<size_t>(place.parent)].childCount = place.count;
+    }
+    place.parent = place.last;
+    place.count = 0;
+    place.closer = closer;
+    return true;
 }
 
-/// From the end of a value to the start of the next one, closing what ends between them; null on
-/// anything else, and the end of the top value when nothing is open any more.
+/// Over to the next member, closing what ends before it.
 template <typename Unit, typename Scan>
-inline const Unit* JsonParser<Unit, Scan>::AfterValue(const Unit* at) {
+inline bool JsonParser<Unit, Scan>::LeaveValue(Place& place) {
     while (depth_ > 0) {
-        const Unit closer = frames_[depth_ - 1].closer;
-        at = PastGap(at);
-        if (at == end_) {
-            return nullptr;
+        const uint32_t token = *place.next++;
+        if (token == endOffset_) {
+            return false;
         }
-        if (*at == ',') {
-            at = PastGap(at + 1);
-            if (at == end_ || *at != closer) {
-                return Member(at);
+        if (base_[token] == ',') {
+            const uint32_t after = *place.next;
+            if (after == endOffset_) {
+                return false;
             }
-        }
-        if (*at != closer) {
-            return nullptr;
-        }
-        Close(++at);
-    }
-    return at;
-}
-
-template <typename Unit, typename Scan>
-inline void JsonParser<Unit, Scan>::Close(const Unit* past) {
-    const Frame& frame = frames_[--depth_];
-    JsonNode& node = nodes_[static_cast<size_t>(frame.node)];
-    node.valueLength = static_cast<uint32_t>(past - base_) - node.valueOffset;
-    node.childCount = frame.count;
-    if (depth_ > 0 && frames_[depth_ - 1].closer == ']') {
-        key_ = {};
-    }
-}
-
-template <typename Unit, typename Scan>
-inline void JsonParser<Unit, Scan>::Append(JsonKind kind, const Unit* at, const Unit* past) {
-    if (nodes_.size() == nodes_.capacity()) [[unlikely]] {
-        Grow(at);
-    }
-    int32_t parent = parent_;
-    if (depth_ > 0) {
-        const auto index = static_cast<int32_t>(nodes_.size());
-        Frame& frame = frames_[depth_ - 1];
-        parent = frame.node;
-        if (frame.last < 0) {
-            nodes_[static_cast<size_t>(parent)].firstChild = index;
+            if (base_[after] != place.closer) [[likely]] {
+                nodes_[static_cast<size_t>(place.last)].nextSibling = place.size;
+                return true;
+            }
+            ++place.next;
+            Close(place, after);
+        } else if (base_[token] == place.closer) {
+            Close(place, token);
         } else {
-            nodes_[static_cast<size_t>(frame.last)].nextSibling = index;
+            return false;
         }
-        frame.last = index;
-        ++frame.count;
     }
+    return true;
+}
+
+template <typename Unit, typename Scan>
+inline void JsonParser<Unit, Scan>::Close(Place& place, uint32_t token) {
+    JsonNode& node = nodes_[static_cast<size_t>(place.parent)];
+    node.valueLength = token + 1 - node.valueOffset;
+    node.childCount = place.count;
+    place.last = place.parent;
+    place.parent = node.parent;
+    if (--depth_ != 0) {
+        const JsonNode& outer = nodes_[static_cast<size_t>(place.parent)];
+        place.count = outer.childCount;
+        place.closer = outer.kind == JsonKind::Array ? ']' : '}';
+    }
+    if (tokens_.IsLow(place.next)) [[unlikely]] {
+        Refill(place);
+    }
+}
+
+template <typename Unit, typename Scan>
+inline void JsonParser<Unit, Scan>::Append(Place& place, JsonKind kind, uint32_t length,
+                                           int32_t child) {
+    if (nodes_.size() == nodes_.capacity()) [[unlikely]] {
+        Grow(base_ + place.token);
+    }
+    place.last = place.size++;
+    ++place.count;
     // Built in place: copying a record just written in small parts would wait for each of them.
-    nodes_.emplace_back(kind, static_cast<uint8_t>(key_.length != 0), key_.offset, key_.length,
-                        static_cast<uint32_t>(at - base_), static_cast<uint32_t>(past - at), parent,
-                        -1, -1, 0U);
+    nodes_.emplace_back(kind, static_cast<uint8_t>(place.keyLength != 0), place.keyOffset,
+                        place.keyLength, place.token, length, place.parent, child, -1, 0U);
+}
+
+template <typename Unit, typename Scan>
+void JsonParser<Unit, Scan>::Refill(Place& place) {
+    AskWhetherAbandoned(base_ + *place.next);
+    place.next = isAbandoned_ ? tokens_.End() : tokens_.Refill(place.next);
 }
 
 /// Makes room: some at first, then for the whole text, then, in a text that turns out to be none or
@@ -263,7 +262,12 @@ void JsonParser<Unit, Scan>::Grow(const Unit* at) {
         nodes_.reserve(std::max<size_t>(16, size * 4));
     } else if (!isCounted_) {
         isCounted_ = true;
-        nodes_.reserve(size + CountJsonNodes<Unit, Scan>(at, lines_ ? textEnd_ : end_, lines_));
+        const AbandonCheck check = [this] {
+            isAbandoned_ = isAbandoned_ || IsAbandoned(abandoned_);
+            return isAbandoned_;
+        };
+        const Unit* const end = lines_ ? textEnd_ : end_;
+        nodes_.reserve(size + CountJsonNodes<Unit, Scan>(at, end, lines_, check));
     }
     if (nodes_.size() == nodes_.capacity()) {
         nodes_.reserve(size + size / 2);
@@ -271,90 +275,16 @@ void JsonParser<Unit, Scan>::Grow(const Unit* at) {
 }
 
 template <typename Unit, typename Scan>
-void JsonParser<Unit, Scan>::AskWhetherAbandoned(const Unit* at) {
-    isAbandoned_ = IsAbandoned(abandoned_);
-    askAt_ = textEnd_ - at > kAskEvery ? at + kAskEvery : textEnd_;
-}
-
-namespace {
-
-/// Counts what begins outside strings and comments: every token that is a value, and strings less
-/// those that a colon makes keys of.
-template <typename Unit, typename Scan>
-class JsonNodeCounter {
-public:
-    JsonNodeCounter(const Unit* end, bool lines) : end_(end), lines_(lines) {}
-
-    size_t Count(const Unit* at) {
-        while (at != end_) {
-            at = Token(at);
-        }
-        return starts_ > colons_ ? starts_ - colons_ : 0;
+inline void JsonParser<Unit, Scan>::AskWhetherAbandoned(const Unit* at) {
+    if (at >= askAt_) [[unlikely]] {
+        isAbandoned_ = isAbandoned_ || IsAbandoned(abandoned_);
+        askAt_ = textEnd_ - at > kJsonAskEvery ? at + kJsonAskEvery : textEnd_;
     }
-
-private:
-    const Unit* Token(const Unit* at) {
-        switch (*at) {
-            case ' ':
-            case '\t':
-            case '\r':
-            case '\n': return Scan::PastBlanks(at + 1, end_);
-            case '"': ++starts_; return PastString(at + 1);
-            case ':': ++colons_; return at + 1;
-            case '/': return PastComment(at);
-            case '{':
-            case '[': ++starts_; return at + 1;
-            case ',':
-            case '}':
-            case ']': return at + 1;
-            default: ++starts_; return PastWord(at + 1);
-        }
-    }
-
-    const Unit* PastString(const Unit* at) const {
-        for (;;) {
-            at = Scan::PastStringText(at, end_);
-            if (at == end_ || *at == '"') {
-                return at == end_ ? at : at + 1;
-            }
-            at += end_ - at < 2 ? 1 : 2;
-        }
-    }
-
-    const Unit* PastWord(const Unit* at) const {
-        while (at != end_ && *at > ' ' && *at != ',' && *at != ']' && *at != '}' && *at != '/') {
-            ++at;
-        }
-        return at;
-    }
-
-    const Unit* PastComment(const Unit* at) const {
-        if (!IsCommentStart(at, end_)) {
-            return at + 1;
-        }
-        return PastJsonComment<Scan>(at, lines_ ? Scan::PastLine(at, end_) : end_);
-    }
-
-    const Unit* const end_;
-    const bool lines_;
-    size_t starts_ = 0;
-    size_t colons_ = 0;
-};
-
-}  // namespace
-
-template <typename Unit, typename Scan>
-size_t CountJsonNodes(const Unit* at, const Unit* end, bool lines) {
-    return JsonNodeCounter<Unit, Scan>(end, lines).Count(at);
 }
 
 template class JsonParser<char16_t, detail::JsonScanPlain>;
 template class JsonParser<char16_t, detail::JsonScanSse2>;
+template class JsonParser<char16_t>;
 template class JsonParser<wchar_t>;
-template size_t CountJsonNodes<char16_t, detail::JsonScanPlain>(const char16_t*, const char16_t*,
-                                                                bool);
-template size_t CountJsonNodes<char16_t, detail::JsonScanSse2>(const char16_t*, const char16_t*,
-                                                               bool);
-template size_t CountJsonNodes<wchar_t>(const wchar_t*, const wchar_t*, bool);
 
 }  // namespace rl

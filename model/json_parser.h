@@ -7,14 +7,15 @@
 // Works on `wchar_t`, and on `char16_t` for those who measure it on another system.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
 #include "load/text/abandon_check.h"
 #include "model/json_node.h"
+#include "model/json_node_count.h"
 #include "model/json_scan.h"
+#include "model/json_tokens.h"
 
 namespace rl {
 
@@ -27,33 +28,36 @@ public:
     JsonParser(std::basic_string_view<Unit> text, bool lines, std::vector<JsonNode>& nodes,
                const AbandonCheck& abandoned);
 
-    /// Reads the whole of a stretch of the text as one value and appends its nodes. -1 when it is
-    /// none, with some nodes perhaps left behind; else the index of its top node.
+    /// Reads the whole of a stretch of the text as one value and appends its nodes. Answers with
+    /// the index of its top node; -1, and no nodes, when it is none.
     [[nodiscard]] int32_t Parse(size_t from, size_t to, int32_t parent);
 
     /// Whether the check ended the last parse.
     [[nodiscard]] bool WasAbandoned() const { return isAbandoned_; }
 
 private:
-    struct Frame {
-        int32_t node;
-        int32_t last;  // child read last
-        uint32_t count;
-        Unit closer;
-    };
-    struct Key {
-        uint32_t offset = 0;
-        uint32_t length = 0;
+    /// Where the parse is. Apart from the rest, so that it can be kept in registers.
+    struct Place {
+        const uint32_t* next;  // position of the next token
+        uint32_t token = 0;    // position of this one
+        uint32_t keyOffset = 0;
+        uint32_t keyLength = 0;
+        int32_t parent = -1;  // innermost container that is open
+        uint32_t count = 0;   // its children so far
+        Unit closer = 0;      // its closing bracket; 0 outside all
+        int32_t size = 0;     // nodes there are
+        int32_t last = -1;    // node of the value read last
     };
 
-    const Unit* PastGap(const Unit* at) const;
-    const Unit* PastString(const Unit* at) const;
-    const Unit* Member(const Unit* at);
-    const Unit* Scalar(const Unit* at);
-    const Unit* Open(const Unit* at);
-    const Unit* AfterValue(const Unit* at);
-    void Append(JsonKind kind, const Unit* at, const Unit* past);
-    void Close(const Unit* past);
+    bool ReadAll(const Unit* at, int32_t parent);
+    bool ReadKey(Place& place);
+    bool ReadString(Place& place);
+    bool ReadWord(Place& place);
+    bool Open(Place& place);
+    bool LeaveValue(Place& place);
+    void Close(Place& place, uint32_t token);
+    void Append(Place& place, JsonKind kind, uint32_t length, int32_t child);
+    void Refill(Place& place);
     void Grow(const Unit* at);
     void AskWhetherAbandoned(const Unit* at);
 
@@ -61,19 +65,14 @@ private:
     const Unit* end_;
     const Unit* const textEnd_;
     const Unit* askAt_;
+    uint32_t endOffset_ = 0;
     std::vector<JsonNode>& nodes_;
     const AbandonCheck& abandoned_;
     const bool lines_;
     bool isAbandoned_ = false;
     bool isCounted_ = false;
-    int32_t parent_ = -1;
     uint32_t depth_ = 0;  // containers open
-    Key key_;
-    std::array<Frame, kMaxJsonDepth> frames_;
+    detail::JsonTokens<Unit, Scan> tokens_;
 };
-
-/// How many nodes a valid text makes; any number for another. `at` lies outside strings.
-template <typename Unit, typename Scan = detail::JsonScan<Unit>>
-[[nodiscard]] size_t CountJsonNodes(const Unit* at, const Unit* end, bool lines);
 
 }  // namespace rl

@@ -28,11 +28,19 @@ private:
     int32_t last_ = -1;
 };
 
-/// Past the block that opens at `from`, whatever kinds its brackets are of; npos when it is open.
-size_t BlockEnd(std::wstring_view text, size_t from) {
+/// Past the block that opens at `from`, whatever kinds its brackets are of; npos when it is open or
+/// nobody waits.
+size_t BlockEnd(std::wstring_view text, size_t from, const AbandonCheck& abandoned) {
     bool inString = false;
     size_t depth = 0;
+    size_t askAt = from + static_cast<size_t>(kJsonAskEvery);
     for (size_t at = from; at < text.size(); ++at) {
+        if (at >= askAt) [[unlikely]] {
+            askAt += static_cast<size_t>(kJsonAskEvery);
+            if (abandoned()) {
+                break;
+            }
+        }
         const wchar_t unit = text[at];
         if (inString) {
             at += unit == L'\\' ? 1 : 0;
@@ -83,24 +91,28 @@ int32_t ParseJsonLines(std::basic_string_view<Unit> text, std::vector<JsonNode>&
 
 int32_t SalvageJson(std::wstring_view text, std::vector<JsonNode>& nodes,
                     const AbandonCheck& abandoned) {
+    bool isAbandoned = false;
+    const AbandonCheck check = [&abandoned, &isAbandoned] {
+        isAbandoned = isAbandoned || IsAbandoned(abandoned);
+        return isAbandoned;
+    };
     JsonGathering gathering(nodes);
-    JsonParser<wchar_t> parser(text, false, nodes, abandoned);
+    JsonParser<wchar_t> parser(text, false, nodes, check);
     for (size_t at = text.find_first_of(L"{["); at != std::wstring_view::npos;) {
-        const size_t past = BlockEnd(text, at);
+        const size_t past = BlockEnd(text, at, check);
         if (past == std::wstring_view::npos) {
             break;
         }
-        const size_t before = nodes.size();
-        const int32_t node = parser.Parse(at, past, 0);
-        if (parser.WasAbandoned()) {
-            return -1;
-        }
-        if (node < 0) {
-            nodes.resize(before);
-        } else {
+        if (const int32_t node = parser.Parse(at, past, 0); node >= 0) {
             gathering.Add(node);
         }
+        if (isAbandoned) {
+            break;
+        }
         at = text.find_first_of(L"{[", past);
+    }
+    if (isAbandoned) {
+        return -1;
     }
     if (nodes.front().childCount != 1) {
         return nodes.front().childCount > 0 ? 0 : -1;

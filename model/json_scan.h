@@ -130,9 +130,12 @@ private:
     }
 };
 
+/// Where longer searches may use whatever the processor has.
+struct JsonScanBest : JsonScanSse2 {};
+
 /// What is used for units of this size.
 template <typename Unit>
-using JsonScan = std::conditional_t<sizeof(Unit) == 2, JsonScanSse2, JsonScanPlain>;
+using JsonScan = std::conditional_t<sizeof(Unit) == 2, JsonScanBest, JsonScanPlain>;
 
 /// Past the number at `at`; null when there is none.
 template <typename Scan, typename Unit>
@@ -152,6 +155,35 @@ template <typename Scan, typename Unit>
         at = digits(at);
     }
     return at;
+}
+
+/// The same. Numbers of up to 15 units without exponent are looked at as a whole: where digits end
+/// is hard to foresee, so nothing branches on it.
+template <typename Scan, typename Unit>
+[[nodiscard]] inline const Unit* PastAnyNumber(const Unit* at, const Unit* end) {
+    if constexpr (!std::is_same_v<Scan, JsonScanPlain>) {
+        if (end - at > 16) {
+            const auto* from = reinterpret_cast<const __m128i*>(at);
+            const __m128i bytes =
+                _mm_packus_epi16(_mm_loadu_si128(from), _mm_loadu_si128(from + 1));
+            const __m128i above =
+                _mm_subs_epu8(_mm_sub_epi8(bytes, _mm_set1_epi8('0')), _mm_set1_epi8(9));
+            const __m128i digits = _mm_cmpeq_epi8(above, _mm_setzero_si128());
+            const uint32_t sign = *at == '-' ? 1 : 0;
+            // Bit 16 stands for whatever follows.
+            const uint32_t others = ~static_cast<uint32_t>(_mm_movemask_epi8(digits)) & ~sign;
+            const auto bit = [](uint32_t bits) {
+                return static_cast<uint32_t>(std::countr_zero(bits));
+            };
+            const uint32_t whole = bit(others);
+            const uint32_t past = at[whole] == '.' ? bit(others & (others - 1)) : whole;
+            const bool hasWhole = whole == sign + 1 || (whole > sign && at[sign] != '0');
+            if (past < 16 && hasWhole && past != whole + 1 && (at[past] | 0x20) != 'e') {
+                return at + past;
+            }
+        }
+    }
+    return PastNumber<Scan>(at, end);
 }
 
 }  // namespace rl::detail

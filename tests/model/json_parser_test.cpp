@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -141,16 +142,112 @@ std::vector<std::u16string> Texts() {
     return texts;
 }
 
+struct Parsed {
+    int32_t top = -1;
+    std::vector<JsonNode> nodes;
+    size_t counted = 0;
+
+    bool operator==(const Parsed&) const = default;
+};
+
+template <typename Scan>
+Parsed ParseWith(const std::u16string& text) {
+    const AbandonCheck never;
+    Parsed parsed;
+    JsonParser<char16_t, Scan> parser(text, false, parsed.nodes, never);
+    parsed.top = parser.Parse(0, text.size(), -1);
+    const char16_t* const begin = text.data();
+    parsed.counted = CountJsonNodes<char16_t, Scan>(begin, begin + text.size(), false);
+    return parsed;
+}
+
+/// All ways to read a text, the best of this processor included, come to the same.
+void ExpectAgreement(const std::u16string& text, const std::string& what) {
+    const Parsed plain = ParseWith<detail::JsonScanPlain>(text);
+    EXPECT_TRUE(ParseWith<detail::JsonScanSse2>(text) == plain) << what;
+    EXPECT_TRUE(ParseWith<detail::JsonScanBest>(text) == plain) << what;
+}
+
 TEST(JsonParser, FindsTheSameNodesInStepsAndUnitByUnit) {
     for (const std::u16string& text : Texts()) {
-        std::vector<JsonNode> plain;
-        std::vector<JsonNode> fast;
-        const AbandonCheck never;
-        JsonParser<char16_t, detail::JsonScanPlain> slow(text, false, plain, never);
-        JsonParser<char16_t, detail::JsonScanSse2> quick(text, false, fast, never);
-        EXPECT_EQ(slow.Parse(0, text.size(), -1), quick.Parse(0, text.size(), -1));
-        EXPECT_TRUE(plain == fast);
+        EXPECT_GE(ParseWith<detail::JsonScanPlain>(text).counted, 1U);
+        ExpectAgreement(text, std::string(text.begin(), text.end()));
     }
+}
+
+/// What an edge between two blocks of 64 units may cut in two.
+TEST(JsonParser, ReadsAcrossEveryEdgeBetweenBlocks) {
+    const std::u16string pieces[] = {u"[\"\\\\\\\\\\\\\",1]",
+                                     u"[\"a\\\\\\\"b\\\"\",1]",
+                                     u"{\"k\":\"v\"}",
+                                     u"{\"k\" : \"v\" , \"w\":2}",
+                                     u"[\"\\u00e9\\u12aF\"]",
+                                     u"[\"\\u00e\"]",
+                                     u"[1/* \" */,2]",
+                                     u"[true// \"\n,false]",
+                                     u"[12345.678e-9,-0.5]",
+                                     u"[1,]",
+                                     u"[1,,2]",
+                                     u"{\"k\"::1}",
+                                     u"[\"k\":1]",
+                                     u"[\"a\"\"b\"]",
+                                     u"[nullnull]",
+                                     u"[1/2]",
+                                     u"[\"/*\",\"//\"]",
+                                     u"[\\\"\"]",
+                                     u"[\"abc\\\"]",
+                                     u"[[],{},[[]]]",
+                                     u"[\v1]"};
+    for (const std::u16string& piece : pieces) {
+        const bool isValue = ParseWith<detail::JsonScanPlain>(piece).top == 0;
+        for (size_t before = 0; before < 140; ++before) {
+            const std::u16string text = std::u16string(before, u' ') + piece;
+            const std::string what(text.begin(), text.end());
+            EXPECT_EQ(ParseWith<detail::JsonScanPlain>(text).top == 0, isValue) << what;
+            ExpectAgreement(text, what);
+            ExpectAgreement(u"[\"" + std::u16string(before, u'x') + u"\"," + piece + u"]", what);
+            ExpectAgreement(text + std::u16string(before, u'\n') + u"7", what);
+        }
+    }
+}
+
+TEST(JsonParser, ReadsTheSameFromTextsCutAndMixedAtRandom) {
+    const std::u16string units = u"{}[]:,\"\\/* \n1-0.eEtrufals\t\v\u00a0\u225c\ufeff+x";
+    std::mt19937 dice(5);
+    for (int round = 0; round < 20'000; ++round) {
+        std::u16string text;
+        for (size_t left = dice() % 150; left > 0; --left) {
+            text += units[dice() % units.size()];
+        }
+        ExpectAgreement(text, "round " + std::to_string(round));
+    }
+}
+
+/// A colon directly behind a string is not looked at again, so it must be the one after a key.
+TEST(JsonParser, TakesAColonForNothingButTheEndOfAKey) {
+    for (const auto text :
+         {L"[\"a\":]", L"[\"a\":1]", L"[\"a\":,1]", L"{\"a\":\"b\":}", L"{\"a\":\"b\":,\"c\":1}",
+          L"{\"a\"::1}", L"{\"a\": :1}", L"{:\"a\":1}", L"[:1]", L"[1:]", L"\"a\":", L"\"a\":1",
+          L"{\"a\"}", L"{\"a\",1}", L"{\"a\" 1}", L"{\"a\"/*:*/1}", L"{\"a\"//\":\n1}",
+          L"{\"a\"/*\":*/ 1}", L"{\"a\":"}) {
+        EXPECT_FALSE(Parses(text)) << text;
+    }
+    for (const auto text :
+         {L"{\"a\" :1}", L"{\"a\"  :  1}", L"{\"a\":/*:*/1}", L"{\"a\"/*\":*/:1}",
+          L"{\"a\"//\":\n:1}", L"{\"a\"\n:\n1}", L"{\"\\\":\":1}", L"[\":\",\"::\"]"}) {
+        EXPECT_TRUE(Parses(text)) << text;
+    }
+}
+
+TEST(JsonParser, LeavesNothingOfATextThatIsNoValue) {
+    std::vector<JsonNode> nodes(3);
+    const AbandonCheck never;
+    const std::u16string text = u"[1,[2,3],}";
+    JsonParser<char16_t> parser(text, false, nodes, never);
+    EXPECT_EQ(parser.Parse(0, text.size(), -1), -1);
+    EXPECT_EQ(nodes.size(), 3U);
+    EXPECT_EQ(parser.Parse(3, 8, 1), 3);
+    EXPECT_EQ(nodes.size(), 6U);
 }
 
 TEST(JsonParser, CountsTheNodesOfATextExactly) {
@@ -205,6 +302,26 @@ TEST(JsonParser, StopsWhenNobodyWaits) {
         EXPECT_FALSE(document.salvaged);
         EXPECT_EQ(document.text.size(), text.size());
     }
+}
+
+TEST(JsonParser, StopsCountingAndSearchingForBlocksWhenNobodyWaits) {
+    int asked = 0;
+    const AbandonCheck third = [&asked] { return ++asked == 3; };
+    const std::u16string text = u"[" + std::u16string(40'000, u'[') + std::u16string(8 << 20, u' ');
+    const char16_t* const end = text.data() + text.size();
+    EXPECT_EQ((CountJsonNodes<char16_t, detail::JsonScanPlain>(text.data(), end, false)), 40'001U);
+    EXPECT_EQ((CountJsonNodes<char16_t, detail::JsonScanPlain>(text.data(), end, false, third)),
+              0U);
+    EXPECT_EQ(asked, 3);
+    asked = 0;
+    EXPECT_EQ((CountJsonNodes<char16_t>(text.data(), end, false)), 40'001U);
+    EXPECT_EQ((CountJsonNodes<char16_t>(text.data(), end, false, third)), 0U);
+    EXPECT_EQ(asked, 3);
+    // Asked as the parse begins, as the search for blocks goes on, and never again.
+    asked = 0;
+    JsonDocument document;
+    EXPECT_FALSE(document.Parse(L"{}x{" + std::wstring(16 << 20, L' '), false, true, third));
+    EXPECT_EQ(asked, 3);
 }
 
 TEST(JsonParser, ReadsAMillionNodesAndOneHugeString) {
