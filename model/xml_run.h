@@ -154,7 +154,7 @@ private:
     }
 
     /// What cannot follow the "<" of an ordinary tag.
-    static constexpr uint64_t kStrangeFirsts = kXmlNameEnds | kXmlQuotes | UnitSet('<', '!', '?');
+    static constexpr uint64_t kStrangeFirsts = kXmlNameEnds | UnitSet('!', '?');
 
     static constexpr uint32_t kBlocks = 32;  // of a stretch, at most
 

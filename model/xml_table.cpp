@@ -1,8 +1,8 @@
 #include "model/xml_table.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -34,28 +34,24 @@ std::vector<int32_t> ElementChildren(const XmlDocument& document, int32_t node) 
 /// The name that occurs most often, at least twice; of several the one that came first.
 std::optional<std::wstring_view> MostRepeatedName(const XmlDocument& document,
                                                   const std::vector<int32_t>& elements) {
-    std::unordered_map<std::wstring_view, size_t> places;
-    std::vector<std::pair<std::wstring_view, size_t>> counts;
+    detail::XmlColumns names(elements.size());
+    std::vector<size_t> counts;
     size_t place = 0;
     for (const int32_t element : elements) {
         const std::wstring_view name = document.NodeName(element);
-        if (counts.empty() || counts[place].first != name) {
-            place = places.try_emplace(name, counts.size()).first->second;
+        if (counts.empty() || names.All()[place].name != name) {
+            place = static_cast<size_t>(names.FindOrAdd({.name = name}));
             if (place == counts.size()) {
-                counts.emplace_back(name, 0);
+                counts.push_back(0);
             }
         }
-        ++counts[place].second;
+        ++counts[place];
     }
-    std::optional<std::wstring_view> best;
-    size_t most = 1;
-    for (const auto& [name, count] : counts) {
-        if (count > most) {
-            most = count;
-            best = name;
-        }
+    const auto most = std::ranges::max_element(counts);  // the first of them
+    if (most == counts.end() || *most < 2) {
+        return std::nullopt;
     }
-    return best;
+    return names.All()[static_cast<size_t>(most - counts.begin())].name;
 }
 
 /// The children that become rows; none when they are better shown as key and value.

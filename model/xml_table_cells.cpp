@@ -8,41 +8,42 @@ namespace {
 
 constexpr size_t kDenseCellsPerMember = 4;
 
-}  // namespace
-
-XmlRecordCells::XmlRecordCells(const XmlDocument& document, const std::vector<int32_t>& records)
-    : document_(&document) {
-    rowStarts_.reserve(records.size() + 1);
+size_t MemberCount(const XmlDocument& document, const std::vector<int32_t>& records) {
     size_t members = 0;
     for (const int32_t record : records) {
         const XmlNode& node = document.nodes[static_cast<size_t>(record)];
         members += size_t{node.attributeCount} + node.childCount;
     }
-    filled_.reserve(members);
+    return members;
+}
+
+}  // namespace
+
+XmlRecordCells::XmlRecordCells(const XmlDocument& document, const std::vector<int32_t>& records)
+    : document_(&document), columns_(MemberCount(document, records)) {
+    rowStarts_.reserve(records.size() + 1);
+    filled_.reserve(MemberCount(document, records));
     for (const int32_t record : records) {
         rowStarts_.push_back(filled_.size());
         AddRecord(record);
     }
     rowStarts_.push_back(filled_.size());
-    attributeColumns_ = {};
-    elementColumns_ = {};
+    columns_.StopFinding();
     lastRowOf_ = {};
     const size_t perRecord = filled_.size() / std::max<size_t>(1, records.size());
-    isDense_ = columns_.size() <= kDenseCellsPerMember * perRecord;
+    isDense_ = Columns().size() <= kDenseCellsPerMember * perRecord;
     if (isDense_) {
         Spread();
         return;
     }
-    for (size_t row = 0; row < records.size(); ++row) {
-        std::sort(filled_.begin() + static_cast<std::ptrdiff_t>(rowStarts_[row]),
-                  filled_.begin() + static_cast<std::ptrdiff_t>(rowStarts_[row + 1]),
-                  [](const Filled& a, const Filled& b) { return a.column < b.column; });
+    if (!isInOrder_) {
+        SortRows();
     }
 }
 
 int32_t XmlRecordCells::At(size_t row, int32_t column) const {
     if (isDense_) {
-        return dense_[row * columns_.size() + static_cast<size_t>(column)];
+        return dense_[row * Columns().size() + static_cast<size_t>(column)];
     }
     const auto from = filled_.begin() + static_cast<std::ptrdiff_t>(rowStarts_[row]);
     const auto to = filled_.begin() + static_cast<std::ptrdiff_t>(rowStarts_[row + 1]);
@@ -73,19 +74,16 @@ void XmlRecordCells::AddRecord(int32_t record) {
 }
 
 int32_t XmlRecordCells::ColumnOf(const XmlColumn& column) {
-    const auto count = static_cast<int32_t>(columns_.size());
+    const auto count = static_cast<int32_t>(Columns().size());
     const int32_t guess = lastColumn_ + 1 < count ? lastColumn_ + 1 : 0;
-    if (count > 0 && columns_[static_cast<size_t>(guess)] == column) {
+    if (count > 0 && Columns()[static_cast<size_t>(guess)] == column) {
         lastColumn_ = guess;
         return guess;
     }
-    auto& byName = column.isAttribute ? attributeColumns_ : elementColumns_;
-    const auto [found, isNew] = byName.try_emplace(column.name, count);
-    if (isNew) {
-        columns_.push_back(column);
+    lastColumn_ = columns_.FindOrAdd(column);
+    if (lastColumn_ == count) {
         lastRowOf_.push_back(-1);
     }
-    lastColumn_ = found->second;
     return lastColumn_;
 }
 
@@ -95,15 +93,24 @@ void XmlRecordCells::Fill(int32_t column, int32_t index) {
     int32_t& last = lastRowOf_[static_cast<size_t>(column)];
     if (last != row) {
         last = row;
+        isInOrder_ &= filled_.size() == rowStarts_.back() || filled_.back().column < column;
         filled_.push_back({column, index});
     }
 }
 
+void XmlRecordCells::SortRows() {
+    for (size_t row = 0; row + 1 < rowStarts_.size(); ++row) {
+        std::sort(filled_.begin() + static_cast<std::ptrdiff_t>(rowStarts_[row]),
+                  filled_.begin() + static_cast<std::ptrdiff_t>(rowStarts_[row + 1]),
+                  [](const Filled& a, const Filled& b) { return a.column < b.column; });
+    }
+}
+
 void XmlRecordCells::Spread() {
-    dense_.assign((rowStarts_.size() - 1) * columns_.size(), kEmpty);
+    dense_.assign((rowStarts_.size() - 1) * Columns().size(), kEmpty);
     for (size_t row = 0; row + 1 < rowStarts_.size(); ++row) {
         for (size_t i = rowStarts_[row]; i < rowStarts_[row + 1]; ++i) {
-            dense_[row * columns_.size() + static_cast<size_t>(filled_[i].column)] =
+            dense_[row * Columns().size() + static_cast<size_t>(filled_[i].column)] =
                 filled_[i].index;
         }
     }

@@ -5,28 +5,19 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "model/xml_columns.h"
 #include "model/xml_document.h"
 
 namespace rl::detail {
-
-/// A column: the attributes, or the child elements, of one name.
-struct XmlColumn {
-    std::wstring_view name;  // without the "@" of an attribute
-    bool isAttribute = false;
-
-    bool operator==(const XmlColumn&) const = default;
-};
 
 class XmlRecordCells {
 public:
     /// Takes the records in, in their order.
     XmlRecordCells(const XmlDocument& document, const std::vector<int32_t>& records);
 
-    [[nodiscard]] const std::vector<XmlColumn>& Columns() const { return columns_; }
+    [[nodiscard]] const std::vector<XmlColumn>& Columns() const { return columns_.All(); }
 
     static constexpr int32_t kEmpty = -1;
     /// The attribute or node in a cell; `kEmpty` without one.
@@ -44,17 +35,17 @@ private:
     void AddRecord(int32_t record);
     int32_t ColumnOf(const XmlColumn& column);
     void Fill(int32_t column, int32_t index);
+    void SortRows();
     void Spread();
 
     const XmlDocument* document_;
-    std::vector<XmlColumn> columns_;
-    std::unordered_map<std::wstring_view, int32_t> attributeColumns_;
-    std::unordered_map<std::wstring_view, int32_t> elementColumns_;
+    XmlColumns columns_;
     int32_t lastColumn_ = -1;         // the one found last: the next one is often next to it
     std::vector<int32_t> lastRowOf_;  // by column: the last row that filled it
     std::vector<size_t> rowStarts_;   // into `filled_`, and the end
     std::vector<Filled> filled_;      // by row, then by column; empty when dense
     std::vector<int32_t> dense_;      // row by row; empty when sparse
+    bool isInOrder_ = true;           // each row of `filled_` as it came
     bool isDense_ = false;
 };
 

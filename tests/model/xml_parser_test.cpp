@@ -297,7 +297,10 @@ TEST(XmlScanKernels, FindTheSameInLongRuns) {
 }
 
 // Each of these looks nearly regular to somebody who only sees marks.
-constexpr std::array<std::u16string_view, 44> kOddPieces = {
+constexpr std::array<std::u16string_view, 47> kOddPieces = {
+    u"<a  \"b>",
+    u"<a b'c=\"1\"><d e='f'>",
+    u"<a b=\"1\" 'c><d e='f'>",
     u"<a 'b>c='d'>",
     u"<a \"b>c=\"d\">",
     u"<a b='\"'>",
@@ -360,6 +363,13 @@ TEST(XmlScanKernels, FindTheSameAroundOddPieces) {
         for (size_t gap = 0; gap < 70; ++gap) {
             ExpectKernelsAgree(Framed(piece, gap));
         }
+    }
+}
+
+TEST(XmlScanKernels, FindTheSameBeforeNothingButText) {
+    for (const std::u16string_view piece : kOddPieces) {
+        SCOPED_TRACE(testing::PrintToString(std::u16string(piece)));
+        ExpectKernelsAgree(u"<r>" + std::u16string(piece) + std::u16string(300, u'x'));
     }
 }
 
