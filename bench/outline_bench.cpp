@@ -129,7 +129,9 @@ Outcome Filter() {
     const rl::TextNeedle needle(kWanted, false);
     outline.SetFilter(1, L"", {});
     const Stopwatch watch;
-    outline.SetFilter(1, kWanted, [&](std::wstring& text) { return needle.IsIn(text); });
+    outline.SetFilter(
+        1, kWanted, [&](std::wstring& text) { return needle.IsIn(text); },
+        [&](std::wstring_view text) { return needle.IsIn(text); });
     const Outcome outcome = watch.Stop();
     outline.SetFilter(1, L"", {});
     return outcome;

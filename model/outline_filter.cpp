@@ -67,12 +67,14 @@ bool HasXmlRowsBelow(const OutlineTree& tree, int32_t node) {
 
 }  // namespace
 
-void TreeTableView::SetFilter(int32_t column, std::wstring_view text, OutlineFilter filter) {
+void TreeTableView::SetFilter(int32_t column, std::wstring_view text, OutlineFilter filter,
+                              OutlineLook look) {
     if (column < 0 || column >= ColumnCount()) {
         return;
     }
     filters_[static_cast<size_t>(column)] = {.text = std::wstring(text),
-                                             .passes = std::move(filter)};
+                                             .passes = std::move(filter),
+                                             .passesAsItStands = std::move(look)};
     const bool wasFiltered = state_.filtered;
     const bool filtered = IsFiltered();
     if (!wasFiltered && !filtered) {
@@ -120,9 +122,7 @@ void TreeTableView::MarkMatches() {
             passes = names.Passes(text);
         }
         if (passes && !values.text.empty()) {
-            tree_.ReadValue(node, text);
-            FoldOntoOneLine(text);
-            passes = values.Passes(text);
+            passes = ValuePasses(node, text);
         }
         if (tree_.Xml() != nullptr && MarkAttributes(node, text)) {
             state_.Set(node, kOutlineOpen);
@@ -132,6 +132,31 @@ void TreeTableView::MarkMatches() {
             MarkListed(node);
         }
     }
+}
+
+/// `text` lends its room.
+bool TreeTableView::ValuePasses(int32_t node, std::wstring& text) const {
+    const Filter& values = filters_[1];
+    if (values.passesAsItStands) {
+        if (const std::optional<std::wstring_view> plain = tree_.PlainValue(node)) {
+            return values.passesAsItStands(*plain);
+        }
+    }
+    tree_.ReadValue(node, text);
+    FoldOntoOneLine(text);
+    return values.Passes(text);
+}
+
+bool TreeTableView::AttributeValuePasses(int32_t attribute, std::wstring& text) const {
+    const Filter& values = filters_[1];
+    if (values.passesAsItStands) {
+        if (const std::optional<std::wstring_view> plain = tree_.PlainAttributeValue(attribute)) {
+            return values.passesAsItStands(*plain);
+        }
+    }
+    tree_.ReadAttributeValue(attribute, text);
+    FoldOntoOneLine(text);
+    return values.Passes(text);
 }
 
 /// Whether some attribute of the node passes; `text` lends its room.
@@ -146,9 +171,7 @@ bool TreeTableView::MarkAttributes(int32_t node, std::wstring& text) {
             passes = names.Passes(text);
         }
         if (passes && !values.text.empty()) {
-            tree_.ReadAttributeValue(i, text);
-            FoldOntoOneLine(text);
-            passes = values.Passes(text);
+            passes = AttributeValuePasses(i, text);
         }
         state_.listedAttributes[static_cast<size_t>(i)] = passes ? 1 : 0;
         any = any || passes;
@@ -191,6 +214,9 @@ int32_t TreeTableView::RevealMatches(std::wstring_view text) {
             state_.Set(piece.node, kOutlineOpen);
         }
     };
+    for (int32_t node = 0; node < tree_.Size(); ++node) {
+        state_.Clear(node, kOutlineReached);  // of a search that memory ended
+    }
     ArrayPositions positions(tree_);
     std::wstring shown;
     for (int32_t node = tree_.Root(); node < tree_.Size(); ++node) {

@@ -131,8 +131,13 @@ bool TreeTableView::IsCapped() const {
     return capped_;
 }
 
+std::wstring TreeTableView::FullCellText(int32_t row, int32_t column) const {
+    return column == 1 ? FullValueText(row) : CellText(row, column);
+}
+
+// The blocks of a broken document are gathered below a node that a single block leaves unused.
 int32_t TreeTableView::NodeCount() const {
-    return tree_.Size();
+    return tree_.Json() != nullptr ? tree_.Size() - std::max(0, tree_.Root()) : tree_.Size();
 }
 
 TreeTableView::SourceRange TreeTableView::SourceOf(int32_t row) const {

@@ -24,6 +24,8 @@ namespace rl {
 
 /// Whether a text of a column passes that column's filter; the text may be changed.
 using OutlineFilter = std::function<bool(std::wstring& text)>;
+/// The same for a text that is shown just as it stands in the document: neither copied nor changed.
+using OutlineLook = std::function<bool(std::wstring_view text)>;
 
 class TreeTableView final : public ITableModel {
 public:
@@ -37,6 +39,7 @@ public:
     [[nodiscard]] bool IsCommentRow(int32_t row) const override;
     [[nodiscard]] bool IsCellEditable(int32_t row, int32_t column) const override;
     void ReadCell(int32_t row, int32_t column, std::wstring& out) const override;
+    [[nodiscard]] std::wstring FullCellText(int32_t row, int32_t column) const override;
 
     /// Lists the rows anew from the flags.
     void Rebuild();
@@ -58,7 +61,9 @@ public:
 
     /// Lists only nodes whose name and value pass, with all their ancestors opened. An empty `text`
     /// takes the column's filter away; with the last one the old opening comes back.
-    void SetFilter(int32_t column, std::wstring_view text, OutlineFilter filter);
+    /// `look`, when given, must answer as `filter` does; it saves copying most texts.
+    void SetFilter(int32_t column, std::wstring_view text, OutlineFilter filter,
+                   OutlineLook look = {});
     [[nodiscard]] std::wstring_view FilterText(int32_t column) const;
 
     /// The record of a row; an empty one outside the outline.
@@ -91,6 +96,7 @@ private:
     struct Filter {
         std::wstring text;  // empty: the column has none
         OutlineFilter passes;
+        OutlineLook passesAsItStands;
 
         [[nodiscard]] bool Passes(std::wstring& shown) const {
             return text.empty() || !passes || passes(shown);
@@ -106,6 +112,8 @@ private:
 
     [[nodiscard]] bool IsFiltered() const;
     void MarkMatches();
+    [[nodiscard]] bool ValuePasses(int32_t node, std::wstring& text) const;
+    [[nodiscard]] bool AttributeValuePasses(int32_t attribute, std::wstring& text) const;
     [[nodiscard]] bool MarkAttributes(int32_t node, std::wstring& text);
     void MarkListed(int32_t node);
     void OpenAllAbove(int32_t node);

@@ -5,7 +5,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/json_document.h"
@@ -45,6 +47,10 @@ public:
     void ReadValue(int32_t node, std::wstring& out) const;
     void ReadAttributeName(int32_t attribute, std::wstring& out) const;
     void ReadAttributeValue(int32_t attribute, std::wstring& out) const;
+    /// The value column's text where the document holds it just as it is shown, on one line and
+    /// unedited; nothing where it must be made.
+    [[nodiscard]] std::optional<std::wstring_view> PlainValue(int32_t node) const;
+    [[nodiscard]] std::optional<std::wstring_view> PlainAttributeValue(int32_t attribute) const;
     /// What tells one container from another: how many items, or a name among the attributes.
     [[nodiscard]] std::wstring SummaryText(int32_t node) const;
     [[nodiscard]] bool IsValueEditable(int32_t node) const;

@@ -38,6 +38,12 @@ public:
         out = CellText(row, column);
     }
 
+    /// The whole text of a cell that `CellText` may show shortened or on one line: for copying, for
+    /// a closer look and for editing.
+    [[nodiscard]] virtual std::wstring FullCellText(int32_t row, int32_t column) const {
+        return CellText(row, column);
+    }
+
 protected:
     ITableModel() = default;
     ITableModel(const ITableModel&) = default;

@@ -75,7 +75,8 @@ void FilterRow::SetLook(const Look& look) {
     }
 }
 
-void FilterRow::Rebuild(const Grid& grid, FilterAlign align, std::wstring hint) {
+void FilterRow::Rebuild(const Grid& grid, FilterAlign align, std::wstring hint,
+                        const FilterTextOf& textOf) {
     DropAll();
     align_ = align;
     hint_ = std::move(hint);
@@ -87,7 +88,7 @@ void FilterRow::Rebuild(const Grid& grid, FilterAlign align, std::wstring hint) 
             continue;
         }
         slot.isFilter = true;
-        slot.text = grid.View()->FilterText(dataColumn);
+        slot.text = textOf ? textOf(dataColumn) : grid.View()->FilterText(dataColumn);
         slot.name = grid.HeaderText(gridColumn);
         if (gridColumn < kLazyBoxColumn) {
             MakeBox(gridColumn);

@@ -9,6 +9,7 @@
 #include <windows.h>
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -57,9 +58,14 @@ public:
     void Attach(HWND parent, IFilterRowListener& listener);
     void SetLook(const Look& look);
 
+    /// A column's filter in force, by its data column.
+    using FilterTextOf = std::function<std::wstring(int dataColumn)>;
+
     /// Makes the boxes anew for the grid's columns; they hold the filters in force, which a new
-    /// table does not have. `hint` stands in empty boxes.
-    void Rebuild(const Grid& grid, FilterAlign align, std::wstring hint);
+    /// table does not have: those of the grid's rows, or what `textOf` says. `hint` stands in empty
+    /// boxes.
+    void Rebuild(const Grid& grid, FilterAlign align, std::wstring hint,
+                 const FilterTextOf& textOf = {});
     /// Puts the boxes above their columns; an empty `row` hides them all.
     void Layout(const Grid& grid, const Rect& row);
 

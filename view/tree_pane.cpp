@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "view/control.h"
@@ -107,34 +108,37 @@ void TreePane::Show(const TreeItems& items) {
 }
 
 void TreePane::Clear() {
-    const FlagScope quiet(clearing_);
+    const FlagScope quiet(muted_);
     const RedrawScope still(window_);
     itemOf_.clear();
     SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
     items_ = {};
 }
 
+// A node that is not listed leaves the selection to what hides it, which nobody is told: its table
+// is not meant.
 bool TreePane::Select(int32_t node) {
-    HTREEITEM item = nullptr;
     const std::vector<int32_t> path = items_.PathTo(node);
-    if (path.size() > kDeepestSelection) {
-        return false;
-    }
-    for (const int32_t step : path) {
+    bool isListed = path.size() <= kDeepestSelection;
+    HTREEITEM item = nullptr;
+    for (size_t level = 0; level < std::min(path.size(), kDeepestSelection); ++level) {
         if (item != nullptr) {
             Open(item);
         }
-        const auto found = itemOf_.find(step);
+        const auto found = itemOf_.find(path[level]);
         if (found == itemOf_.end()) {
-            return false;
+            isListed = false;
+            break;
         }
         item = found->second;
     }
     if (item == nullptr) {
         return false;
     }
+    const bool wasMuted = std::exchange(muted_, muted_ || !isListed);
     SendMessageW(window_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
-    return true;
+    muted_ = wasMuted;
+    return isListed;
 }
 
 int32_t TreePane::SelectedNode() const {
@@ -163,7 +167,7 @@ Answer TreePane::OnNotify(NMHDR& note) {
             }
             return FALSE;
         case TVN_SELCHANGEDW:
-            if (!clearing_ && tree.itemNew.hItem != nullptr && DataOf(tree.itemNew.hItem) > 0) {
+            if (!muted_ && tree.itemNew.hItem != nullptr && DataOf(tree.itemNew.hItem) > 0) {
                 listener_->OnTreeNodeSelected(static_cast<int32_t>(DataOf(tree.itemNew.hItem)) - 1);
             }
             return 0;

@@ -47,10 +47,12 @@ public:
 
     /// Lists a document's top nodes, opened by one level. It must outlive its being shown.
     void Show(const TreeItems& items);
+    /// Nothing is told any more: the control is about to go, and its items with it.
+    void Mute() { muted_ = true; }
     /// Before the document goes.
     void Clear();
     /// Selects a node and brings it into view, opening what hides it. False when the tree does not
-    /// list it.
+    /// list it; the nearest item above it is then selected without a word to the listener.
     bool Select(int32_t node);
     /// -1: none.
     [[nodiscard]] int32_t SelectedNode() const;
@@ -68,11 +70,11 @@ private:
     [[nodiscard]] LPARAM DataOf(HTREEITEM item) const;
 
     HWND window_ = nullptr;
-    Color selectionText_ = 0;
-    Color selectionBack_ = 0;
-    ItemsBelow below_;
-    OnSelect onSelect_;
-    bool selecting_ = false;  // the selection moves because we say so
+    ITreePaneListener* listener_ = nullptr;
+    TreeItems items_;
+    std::unordered_map<int32_t, HTREEITEM> itemOf_;  // by node
+    ThemeColors colors_;
+    bool muted_ = false;
 };
 
 }  // namespace rl

@@ -194,6 +194,7 @@ private:
     // viewer_outline.cpp
     [[nodiscard]] int CurrentViewRow() const;
     [[nodiscard]] OutlineRow CurrentOutlineRow() const;
+    [[nodiscard]] OutlineRow ChosenOutlineRow() const;
     bool OnOutlineKey(WPARAM key);
     [[nodiscard]] int OutlineParentOf(int viewRow) const;
     void GoToOutlineRow(int viewRow);
@@ -206,6 +207,7 @@ private:
     void FitOutline();
     void FilterOutline(int column, const std::wstring& text);
     void RevealMatches(std::wstring_view text);
+    void ReturnToHit();
     void OnCopyNodes(Command command);
 
     // viewer_menus.cpp
@@ -331,6 +333,7 @@ private:
     bool endingEdit_ = false;  // closing the editor takes its focus: that must not end it again
     bool asking_ = false;      // the save question is on screen
     CellFinder finder_;
+    OutlineRow foundRow_;     // of the last hit in an outline
     int pendingFilter_ = -1;  // grid column whose filter waits for the typing to pause
     bool loaded_ = false;
     bool editMode_ = false;

@@ -1,5 +1,6 @@
 // Which rows the grid shows, and in which order: the filter row and the clicks on headers.
 #include <algorithm>
+#include <limits>
 
 #include "host/store/settings.h"
 #include "view/control.h"
@@ -20,8 +21,14 @@ void Viewer::RebuildFilterRow() {
     KillTimer(window_, static_cast<UINT_PTR>(TimerId::PendingFilter));
     pendingFilter_ = -1;
     filters_.SetLook(FilterLook());
+    FilterRow::FilterTextOf textOf;
+    if (document_.ShowsOutline()) {
+        textOf = [&outline = *document_.outline](int column) {
+            return std::wstring(outline.FilterText(column));
+        };
+    }
     filters_.Rebuild(grid_, FilterAlignOf(settings::Get(settings::kFilterAlign)),
-                     settings::Get(settings::kFilterHint));
+                     settings::Get(settings::kFilterHint), textOf);
     LayoutFilterRow();
 }
 
@@ -45,8 +52,13 @@ Answer Viewer::OnEditColors(HDC dc, HWND control) {
 
 /// How many rows a filter looks at; in an outline also those that are not listed.
 int Viewer::FilteredRowCount() const {
-    return document_.ShowsOutline() ? document_.outline->NodeCount()
-                                    : document_.rows->Model().RowCount();
+    if (!document_.ShowsOutline()) {
+        return document_.rows->Model().RowCount();
+    }
+    const size_t attributes = document_.xml != nullptr ? document_.xml->attributes.size() : 0;
+    return static_cast<int>(
+        std::min<size_t>(static_cast<size_t>(document_.outline->NodeCount()) + attributes,
+                         std::numeric_limits<int>::max()));
 }
 
 void Viewer::OnFilterTyped(int gridColumn) {

@@ -15,8 +15,12 @@ bool Viewer::Find(std::wstring_view text, int flags) {
                               .matchCase = (flags & lister::kMatchCase) != 0,
                               .wholeWords = (flags & lister::kWholeWords) != 0,
                               .backwards = (flags & lister::kBackwards) != 0};
-    if (document_.ShowsOutline() && !text.empty() && finder_.IsFresh(request)) {
-        RevealMatches(text);
+    if (document_.ShowsOutline() && !text.empty()) {
+        if (finder_.IsFresh(request)) {
+            RevealMatches(text);
+        } else {
+            ReturnToHit();
+        }
     }
     const FindAnswer answer = finder_.Find(RowCells(*document_.rows), request);
     if (answer.outcome == FindOutcome::AtEnd) {
@@ -25,6 +29,9 @@ bool Viewer::Find(std::wstring_view text, int flags) {
     if (answer.outcome != FindOutcome::Hit) {
         return false;
     }
+    foundRow_ = document_.ShowsOutline()
+                    ? document_.outline->Row(document_.rows->ModelRow(answer.row))
+                    : OutlineRow();
     SwitchTab(ViewerTab::Data);
     grid_.GoTo({answer.row, grid_.GridColumnOf(answer.column)});
     UpdateStatusBar();

@@ -15,6 +15,11 @@ POINT PointOf(LPARAM lparam) {
     return {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
 }
 
+bool IsExpandAllKey(const Message& in) {
+    return (in.id == WM_KEYDOWN && in.wparam == VK_MULTIPLY) ||
+           (in.id == WM_CHAR && in.wparam == L'*');
+}
+
 }  // namespace
 
 LRESULT CALLBACK Viewer::WindowProc(HWND window, UINT id, WPARAM wparam, LPARAM lparam) {
@@ -41,7 +46,10 @@ Answer Viewer::Handle(const Message& in) {
     switch (in.id) {
         case WM_SIZE: Relayout(); return 0;
         case WM_CLOSE: Close(); return 0;
-        case WM_DESTROY: editor_.Close(); return std::nullopt;
+        case WM_DESTROY:
+            editor_.Close();
+            tree_.Mute();
+            return std::nullopt;
         case WM_ERASEBKGND: return OnEraseBackground(reinterpret_cast<HDC>(in.wparam));
         case WM_CTLCOLORSTATIC:
             return OnStaticColors(reinterpret_cast<HDC>(in.wparam),
@@ -210,6 +218,9 @@ Answer Viewer::OnChildMessage(HWND child, const Message& in) {
     }
     if (in.id == WM_MOUSEWHEEL) {
         return OnWheel(in.wparam);
+    }
+    if (child == tree_.Window() && IsExpandAllKey(in)) {
+        return 0;  // the control would open everything below, by recursion
     }
     if (child == source_.Window() || child == pane_.Window() || child == tree_.Window()) {
         return OnPartKey(in, KeyFocus::Source);

@@ -1,4 +1,5 @@
 // The outline of a JSON or XML document in the grid: keys, opening and closing, copying of nodes.
+#include <algorithm>
 #include <vector>
 
 #include "host/store/settings.h"
@@ -6,6 +7,7 @@
 #include "view/control.h"
 #include "view/logic/outline_keys.h"
 #include "view/logic/row_filter.h"
+#include "view/logic/text_needle.h"
 #include "view/viewer.h"
 #include "view/wait_cursor.h"
 
@@ -56,18 +58,16 @@ bool Viewer::OnOutlineKey(WPARAM key) {
     return true;
 }
 
-/// The nearest row above that stands less deep; the row itself when there is none.
+/// The row of the node above: an attribute's is its element. The row itself when there is none.
 int Viewer::OutlineParentOf(int viewRow) const {
-    const auto depthOf = [this](int row) {
-        return document_.outline->Row(document_.rows->ModelRow(row)).depth;
-    };
-    const int depth = depthOf(viewRow);
-    for (int above = viewRow - 1; above >= 0; --above) {
-        if (depthOf(above) < depth) {
-            return above;
-        }
-    }
-    return viewRow;
+    const OutlineRow row = document_.outline->Row(document_.rows->ModelRow(viewRow));
+    const auto node = static_cast<size_t>(row.node);
+    const int32_t above = row.IsAttribute()           ? row.node
+                          : document_.json != nullptr ? document_.json->nodes[node].parent
+                                                      : document_.xml->nodes[node].parent;
+    const int found =
+        above < 0 ? -1 : document_.rows->ViewRowOf(document_.outline->RowOf(above, -1));
+    return found < 0 ? viewRow : found;
 }
 
 /// Keeps the current column; without one it is the first of the data.
@@ -76,14 +76,19 @@ void Viewer::GoToOutlineRow(int viewRow) {
     grid_.GoTo({viewRow, column >= 0 ? column : grid_.GridColumnOf(0)});
 }
 
-// Which rows there are has changed: the row at `modelRow` becomes the current one.
+// Which rows there are has changed: the row at `modelRow` becomes the current one, or none.
 void Viewer::OutlineChanged(int modelRow) {
     const RedrawScope still(grid_.Window());
+    const int top = grid_.TopRow();
     document_.rows->Rebuild();
     grid_.ClearTypeAhead();
     grid_.RowsChanged(true);
     grid_.SelectOnly(-1);
-    GoToOutlineRow(document_.rows->ViewRowOf(modelRow));
+    const int viewRow = document_.rows->ViewRowOf(modelRow);
+    GoToOutlineRow(viewRow);
+    if (viewRow < 0) {
+        grid_.BringIntoView({std::min(top, grid_.RowCount() - 1), -1});
+    }
     grid_.RecomputeWidths();
     UpdateStatusBar();
     Relayout();
@@ -146,27 +151,53 @@ void Viewer::OnExpanderClicked(int viewRow) {
     }
 }
 
+/// The node a user has chosen; the list's own focus, which stays where a row was, is no choice.
+OutlineRow Viewer::ChosenOutlineRow() const {
+    return document_.outline->Row(document_.rows->ModelRow(grid_.Current().viewRow));
+}
+
 // The current row stays with its node, where that is still listed.
 void Viewer::FilterOutline(int column, const std::wstring& text) {
     const bool caseSensitive = settings::IsOn(settings::kFilterCaseSensitive);
-    const OutlineRow row = CurrentOutlineRow();
+    const OutlineRow row = ChosenOutlineRow();
+    const ColumnFilter filter = CompileFilter(text, caseSensitive);
+    OutlineLook look;
+    if (const TextNeedle needle(filter.operand, caseSensitive);
+        filter.op == 0 && needle.IsUsable()) {
+        look = [needle](std::wstring_view shown) { return needle.IsIn(shown); };
+    }
     document_.outline->SetFilter(
         column, text,
-        [filter = CompileFilter(text, caseSensitive), caseSensitive](std::wstring& shown) {
+        [filter, caseSensitive](std::wstring& shown) {
             return MatchesFilter(filter, shown, caseSensitive);
-        });
+        },
+        std::move(look));
     OutlineChanged(document_.outline->RowOf(row.node, AttributeOf(row)));
 }
 
 /// Before a fresh search: all that it can find is listed.
 void Viewer::RevealMatches(std::wstring_view text) {
     const WaitCursor waiting;
-    const OutlineRow row = CurrentOutlineRow();
+    const OutlineRow row = ChosenOutlineRow();
     document_.outline->RevealMatches(text);
     OutlineChanged(document_.outline->RowOf(row.node, AttributeOf(row)));
 }
 
-// Where there is nothing to copy, or too much, the clipboard keeps what it has.
+/// Before a search goes on: its last hit may stand in another row by now, or be hidden.
+void Viewer::ReturnToHit() {
+    const OutlineRow hit = foundRow_;
+    if (hit.node < 0) {
+        return;
+    }
+    const int before = document_.outline->RowCount();
+    const int row = document_.outline->RevealNode(hit.node, AttributeOf(hit));
+    if (document_.outline->RowCount() != before) {
+        OutlineChanged(row);
+    }
+    finder_.MoveHit(document_.rows->ViewRowOf(row));
+}
+
+// Too long a text beeps and leaves the clipboard alone.
 void Viewer::OnCopyNodes(Command command) {
     if (!document_.ShowsOutline()) {
         return;
@@ -186,7 +217,7 @@ void Viewer::OnCopyNodes(Command command) {
                                                               : CopyFormat::Path;
     const WaitCursor waiting;
     const std::optional<std::wstring> text = NodeTextsAs(*document_.outline, rows, format);
-    if (text && !text->empty()) {
+    if (text) {
         SetClipboardText(window_, *text);
     } else {
         MessageBeep(MB_ICONWARNING);

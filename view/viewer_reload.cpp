@@ -142,8 +142,9 @@ void Viewer::KeepNodes(UserPlace& place, Document& fresh) const {
         return row.node < 0 ? -1
                             : fresh.outline->RevealNode(row.node, row.IsAttribute() ? row.aux : -1);
     };
-    place.topModelRow = reveal(place.topModelRow);
+    (void)reveal(place.topModelRow);
     place.modelRow = reveal(place.modelRow);
+    place.topModelRow = reveal(place.topModelRow);  // open by now: only asked for
     fresh.rows->Rebuild();
 }
 
@@ -170,10 +171,9 @@ bool Viewer::Reload(const LoadOptions& options) {
     }
     KeepNodes(place, fresh);
     ShowInstead(place, [&] { std::swap(document_, fresh); });
-    FillTree();
     finder_.Reset();
     RefreshSource();
-    ShowRows(place);
+    FillTree();
     return true;
 }
 

@@ -79,9 +79,9 @@ void Viewer::FocusContent() {
 /// A cell's text; in an outline, which shows values on one line, the value as it is.
 std::wstring Viewer::FullCellText(GridCell cell) const {
     const int modelRow = document_.rows->ModelRow(cell.viewRow);
-    const bool isValue = document_.ShowsOutline() && grid_.DataColumn(cell.gridColumn) == 1;
-    return isValue && modelRow >= 0 ? document_.outline->FullValueText(modelRow)
-                                    : grid_.CellText(cell.viewRow, cell.gridColumn);
+    const int column = grid_.DataColumn(cell.gridColumn);
+    return modelRow >= 0 && column >= 0 ? document_.rows->Model().FullCellText(modelRow, column)
+                                        : grid_.CellText(cell.viewRow, cell.gridColumn);
 }
 
 void Viewer::UpdateValuePane() {

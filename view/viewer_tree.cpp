@@ -124,9 +124,14 @@ void Viewer::OnTreeNodeSelected(int32_t node) {
     }
     CloseCellEdit();
     const WaitCursor waiting;
-    Document made;
-    MakeTable(document_, made, node);
-    ShowContent(made);
+    try {
+        Document made;
+        MakeTable(document_, made, node);
+        ShowContent(made);
+    } catch (const std::exception&) {  // no memory: the tree goes back to what is still shown
+        (void)tree_.Select(document_.tableNode);
+        throw;
+    }
 }
 
 Answer Viewer::OnTreeNotify(NMHDR& note) {

@@ -8,6 +8,10 @@
 namespace rl {
 namespace {
 
+// Thousands of columns are sampled less closely: measuring a cell costs microseconds.
+constexpr int32_t kMostMeasuredCells = 200'000;
+constexpr int32_t kFewestSamples = 2;  // the first row and the last
+
 constexpr int kCellPadding = 24;    // at 96 dpi, as all below: both sides of a text together
 constexpr int kNumberPadding = 12;  // the same in the line-number column
 constexpr int kNarrowest = 24;
@@ -37,7 +41,9 @@ public:
         for (int32_t column = 0; column < columns_.GridCount(); ++column) {
             Width(column) = StartWidth(column);
         }
-        const int32_t samples = SampleCount(rows_.VisibleRowCount(), sizing_.maxColumnSamples);
+        const int32_t samples = std::min(
+            SampleCount(rows_.VisibleRowCount(), sizing_.maxColumnSamples),
+            std::max(kFewestSamples, kMostMeasuredCells / std::max(1, columns_.GridCount())));
         for (int32_t i = 0; i < samples; ++i) {
             MeasureRow(SampleRow(rows_.VisibleRowCount(), i, samples));
         }

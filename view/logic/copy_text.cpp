@@ -41,7 +41,7 @@ std::wstring RowsAsText(const RowView& rows, const GridColumns& columns,
         for (int32_t column = 0; column < columns.DataCount(); ++column) {
             if (!columns.IsHidden(column)) {
                 text.append(isFirstCell ? std::wstring_view() : separator);
-                text.append(rows.CellText(viewRow, column));
+                text.append(rows.Model().FullCellText(rows.ModelRow(viewRow), column));
                 isFirstCell = false;
             }
         }
@@ -56,7 +56,7 @@ std::wstring ColumnAsText(const RowView& rows, int32_t dataColumn, std::wstring_
     }
     for (int32_t viewRow = 0; viewRow < rows.VisibleRowCount(); ++viewRow) {
         text.append(viewRow == 0 ? std::wstring_view() : separator);
-        text.append(rows.CellText(viewRow, dataColumn));
+        text.append(rows.Model().FullCellText(rows.ModelRow(viewRow), dataColumn));
     }
     return text;
 }

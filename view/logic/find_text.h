@@ -79,6 +79,15 @@ public:
     /// all that a fresh search can find before it runs.
     [[nodiscard]] bool IsFresh(const FindRequest& request) const;
 
+    /// The row of the last hit is another one by now, or -1: none. Without a hit nothing changes.
+    void MoveHit(int32_t row) {
+        if (row < 0) {
+            hit_.reset();
+        } else if (hit_) {
+            hit_->row = row;
+        }
+    }
+
     /// Forgets everything, after another document came.
     void Reset() { *this = CellFinder(); }
 
