@@ -22,15 +22,15 @@ public:
     uint64_t Slashes() const { return Equal('/'); }
     uint64_t UnicodeMarks() const { return Equal('u'); }
     uint64_t Colons() const { return Equal(':'); }
+    uint64_t LineFeeds() const { return Equal('\n'); }
     uint64_t Opens() const { return Mask(IsOpen(low_), IsOpen(high_)); }
     uint64_t Blanks() const { return Mask(IsBlank(low_), IsBlank(high_)); }
     /// Brackets and commas.
     uint64_t Operators() const { return Mask(IsOperator(low_), IsOperator(high_)); }
     /// All that ends a word but is not counted.
     uint64_t Separators() const { return Mask(IsSeparator(low_), IsSeparator(high_)); }
-    /// Whether there is a slash of either kind.
-    bool HasSlashes() const {
-        const __m256i found = _mm256_or_si256(IsSlash(low_), IsSlash(high_));
+    bool HasBackslashes() const {
+        const __m256i found = _mm256_or_si256(Is(low_, '\\'), Is(high_, '\\'));
         return _mm256_testz_si256(found, found) == 0;
     }
 
@@ -40,14 +40,14 @@ public:
     /// Eight at a time, needed or not: how many there are is harder to foresee.
     static uint32_t* Write(uint64_t bits, uint32_t offset, uint32_t* out) {
         uint32_t* const past = out + Count(bits);
-        while (bits != 0) {
+        do {
             volatile uint32_t* const to = out;  // or GCC would gather them in vectors first: slower
             for (int i = 0; i < 8; ++i) {
                 to[i] = offset + LowestBit(bits);
                 bits = _blsr_u64(bits);
             }
             out += 8;
-        }
+        } while (bits != 0);
         return past;
     }
 
@@ -91,10 +91,6 @@ private:
     static __m256i IsSeparator(__m256i bytes) {
         return _mm256_or_si256(_mm256_or_si256(IsBlank(bytes), Is(bytes, ',')), IsClose(bytes));
     }
-    static __m256i IsSlash(__m256i bytes) {
-        return _mm256_or_si256(Is(bytes, '/'), Is(bytes, '\\'));
-    }
-
     static uint64_t Mask(__m256i low, __m256i high) {
         const auto bits = static_cast<uint32_t>(_mm256_movemask_epi8(low));
         return uint64_t{static_cast<uint32_t>(_mm256_movemask_epi8(high))} << 32 | bits;
@@ -109,7 +105,8 @@ private:
 
 template <typename Unit>
 JsonIndexKernel<Unit> JsonIndexAvx2() {
-    return {&JsonIndexLoop<Unit, Avx2>::Index, &JsonIndexLoop<Unit, Avx2>::Count};
+    return {&JsonIndexLoop<Unit, Avx2>::template Index<false>,
+            &JsonIndexLoop<Unit, Avx2>::template Index<true>, &JsonIndexLoop<Unit, Avx2>::Count};
 }
 
 template JsonIndexKernel<char16_t> JsonIndexAvx2();

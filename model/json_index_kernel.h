@@ -40,10 +40,13 @@ struct JsonIndexOutput {
 
 template <typename Unit>
 struct JsonIndexKernel {
-    /// Looks at whole blocks from `at` to `past`. Answers with `past`, or with the slash outside
-    /// strings or the broken escape that ended the search. The text goes on to `end`.
-    const Unit* (*index)(const Unit* at, const Unit* past, const Unit* end, JsonIndexState& state,
-                         JsonIndexOutput& out);
+    using Index = const Unit* (*)(const Unit* at, const Unit* past, const Unit* end,
+                                  JsonIndexState& state, JsonIndexOutput& out);
+    /// Looks at whole blocks from `at` to `past`. Answers with `past`, or with what ended the
+    /// search: a slash outside strings, or what broke one. The text goes on to `end`.
+    Index index;
+    /// The same, but every line feed is a token and ends strings, too.
+    Index indexLines;
     /// Adds the values that begin there to `count`, strings less colons. Ends like `index`, but
     /// looks at no escape.
     const Unit* (*count)(const Unit* at, const Unit* past, JsonIndexState& state, uint64_t& count);
@@ -65,6 +68,7 @@ static inline bool IsJsonHexDigit(Unit unit) {
 template <typename Unit, typename Set>
 class JsonIndexLoop {
 public:
+    template <bool lines>
     static const Unit* Index(const Unit* at, const Unit* past, const Unit* end,
                              JsonIndexState& outer, JsonIndexOutput& out) {
         JsonIndexState state = outer;
@@ -81,14 +85,17 @@ public:
             const uint64_t colons = set.Colons() & outside;
             const uint64_t operators = set.Operators() & outside;
             const uint64_t words = outside & ~(operators | colons | set.Blanks() | closed);
-            const uint64_t tokens = operators | (strings.quotes & strings.inside) |
-                                    (colons & ~(closed << 1 | state.closed)) |
-                                    (words & ~(words << 1 | state.word));
+            const uint64_t breaks = lines ? set.LineFeeds() : 0;
+            const uint64_t tokens =
+                (breaks & outside) | operators | (strings.quotes & strings.inside) |
+                (colons & ~(closed << 1 | state.closed)) | (words & ~(words << 1 | state.word));
             state.word = words >> 63;
             state.closed = closed >> 63;
-            if (strings.slashes | strings.unicodes) [[unlikely]] {
-                uint64_t stop = strings.slashes;
+            const uint64_t broken = breaks & strings.inside;
+            if (strings.slashes | strings.unicodes | broken) [[unlikely]] {
+                uint64_t stop = strings.slashes | broken;
                 stop &= uint64_t{0} - stop;
+                out.isBroken = (stop & broken) != 0;
                 uint64_t codes = strings.unicodes & (stop - 1);
                 for (; codes != 0; codes &= codes - 1) {
                     const uint64_t bit = Set::LowestBit(codes);
@@ -149,16 +156,15 @@ private:
     static Strings FindStrings(const Set& set, JsonIndexState& state) {
         Strings strings{set.Quotes(), 0, 0, 0};
         uint64_t escaped = 0;
-        const bool isMarked = set.HasSlashes();
-        if (isMarked || state.escaped != 0) {
+        if (set.HasBackslashes() || state.escaped != 0) [[unlikely]] {
             escaped = Escaped(set.Backslashes(), state);
             strings.quotes &= ~escaped;
         }
         strings.inside = PrefixXor(strings.quotes) ^ state.inside;
         state.inside = uint64_t{0} - (strings.inside >> 63);
-        if (isMarked || escaped != 0) {
-            strings.slashes = set.Slashes() & ~strings.inside;
-            strings.unicodes = escaped == 0 ? 0 : set.UnicodeMarks() & escaped & strings.inside;
+        strings.slashes = set.Slashes() & ~strings.inside;
+        if (escaped != 0) [[unlikely]] {
+            strings.unicodes = set.UnicodeMarks() & escaped & strings.inside;
         }
         return strings;
     }

@@ -37,6 +37,9 @@ public:
     uint64_t Colons() const {
         return Mask([](__m128i bytes) { return Equal(bytes, ':'); });
     }
+    uint64_t LineFeeds() const {
+        return Mask([](__m128i bytes) { return Equal(bytes, '\n'); });
+    }
     uint64_t Opens() const { return Mask(&IsOpen); }
     uint64_t Blanks() const { return Mask(&IsBlank); }
     /// Brackets and commas.
@@ -51,11 +54,10 @@ public:
             return _mm_or_si128(IsBlank(bytes), _mm_or_si128(Equal(bytes, ','), IsClose(bytes)));
         });
     }
-    /// Whether there is a slash of either kind.
-    bool HasSlashes() const {
+    bool HasBackslashes() const {
         __m128i found = _mm_setzero_si128();
         for (const __m128i& bytes : parts_) {
-            found = _mm_or_si128(found, _mm_or_si128(Equal(bytes, '/'), Equal(bytes, '\\')));
+            found = _mm_or_si128(found, Equal(bytes, '\\'));
         }
         return _mm_movemask_epi8(found) != 0;
     }
@@ -118,7 +120,8 @@ private:
 
 template <typename Unit>
 JsonIndexKernel<Unit> JsonIndexSse2() {
-    return {&JsonIndexLoop<Unit, Sse2>::Index, &JsonIndexLoop<Unit, Sse2>::Count};
+    return {&JsonIndexLoop<Unit, Sse2>::template Index<false>,
+            &JsonIndexLoop<Unit, Sse2>::template Index<true>, &JsonIndexLoop<Unit, Sse2>::Count};
 }
 
 template JsonIndexKernel<char16_t> JsonIndexSse2();

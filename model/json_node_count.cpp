@@ -64,7 +64,7 @@ private:
         if (!detail::IsJsonComment(at, end_)) {
             return at + 1;
         }
-        return detail::PastJsonComment<Scan>(at, lines_ ? Scan::PastLine(at, end_) : end_);
+        return detail::PastJsonComment<Scan>(at, end_, lines_);
     }
 
     const Unit* const end_;
@@ -98,8 +98,8 @@ size_t CountInBlocks(const Unit* at, const Unit* end, bool lines, const AbandonC
         }
         if (at != past) {  // a slash
             state = {};
-            const Unit* const limit = lines ? Scan::PastLine(at, end) : end;
-            at = detail::IsJsonComment(at, end) ? detail::PastJsonComment<Scan>(at, limit) : at + 1;
+            at = detail::IsJsonComment(at, end) ? detail::PastJsonComment<Scan>(at, end, lines)
+                                                : at + 1;
         }
     }
     return count <= std::numeric_limits<int32_t>::max() ? static_cast<size_t>(count) : 0;

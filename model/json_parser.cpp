@@ -35,15 +35,13 @@ JsonParser<Unit, Scan>::JsonParser(std::basic_string_view<Unit> text, bool lines
       nodes_(nodes),
       abandoned_(abandoned),
       lines_(lines),
-      tokens_(base_) {}
+      tokens_(base_, lines) {}
 
 template <typename Unit, typename Scan>
 int32_t JsonParser<Unit, Scan>::Parse(size_t from, size_t to, int32_t parent) {
     const size_t top = nodes_.size();
-    end_ = base_ + to;
-    endOffset_ = static_cast<uint32_t>(to);
-    AskWhetherAbandoned(base_ + from);
-    if (isAbandoned_ || !ReadAll(base_ + from, parent)) {
+    Place place = Start(base_ + from, base_ + to, parent);
+    if (isAbandoned_ || !ReadValue(place) || *place.next != endOffset_ || isAbandoned_) {
         nodes_.resize(top);
         return -1;
     }
@@ -51,10 +49,54 @@ int32_t JsonParser<Unit, Scan>::Parse(size_t from, size_t to, int32_t parent) {
 }
 
 template <typename Unit, typename Scan>
-bool JsonParser<Unit, Scan>::ReadAll(const Unit* at, int32_t parent) {
-    Place place{.next = tokens_.Start(at, end_), .parent = parent};
-    place.size = static_cast<int32_t>(nodes_.size());
+bool JsonParser<Unit, Scan>::ParseLines() {
+    Place place = Start(base_, textEnd_, 0);
+    for (const Unit* line = base_; !isAbandoned_;) {
+        if (tokens_.IsLow(place.next)) {
+            Refill(place);
+        }
+        const Unit* past = base_ + *place.next;
+        if (past == end_ || *past == '\n') {
+            if (Scan::PastBlanks(line, past) != past) {
+                return false;  // nothing but a comment
+            }
+        } else {
+            const int32_t before = place.last;
+            const int32_t node = place.size;
+            if (!ReadValue(place)) {
+                return false;
+            }
+            JsonNode& root = nodes_.front();
+            ++root.childCount;
+            (before < 0 ? root.firstChild : nodes_[static_cast<size_t>(before)].nextSibling) = node;
+            past = base_ + *place.next;
+        }
+        if (past == end_) {
+            return !isAbandoned_;
+        }
+        if (*past != '\n') {
+            return false;
+        }
+        line = past + 1;
+        ++place.next;
+    }
+    return false;
+}
+
+template <typename Unit, typename Scan>
+auto JsonParser<Unit, Scan>::Start(const Unit* at, const Unit* end, int32_t parent) -> Place {
+    end_ = end;
+    endOffset_ = static_cast<uint32_t>(end - base_);
     depth_ = 0;
+    AskWhetherAbandoned(at);
+    Place place{.next = tokens_.Start(at, end), .parent = parent};
+    place.size = static_cast<int32_t>(nodes_.size());
+    return place;
+}
+
+/// Up to the token behind it.
+template <typename Unit, typename Scan>
+bool JsonParser<Unit, Scan>::ReadValue(Place& place) {
     do {
         if (tokens_.IsLow(place.next)) [[unlikely]] {
             Refill(place);
@@ -84,7 +126,7 @@ bool JsonParser<Unit, Scan>::ReadAll(const Unit* at, int32_t parent) {
             return false;
         }
     } while (depth_ != 0);
-    return *place.next == endOffset_ && !isAbandoned_;
+    return true;
 }
 
 // Each of the following answers with false when the text is no value.
@@ -102,7 +144,7 @@ inline bool JsonParser<Unit, Scan>::ReadKey(Place& place) {
         --past;
     }
     if (base_[past] != ':' || base_[past - 1] != '"') [[unlikely]] {
-        const Unit* const end = detail::PastJsonString<Scan>(base_ + key, end_);
+        const Unit* const end = detail::PastJsonString<Scan>(base_ + key, end_, lines_);
         if (end == nullptr) {
             return false;
         }
@@ -123,7 +165,7 @@ template <typename Unit, typename Scan>
 inline bool JsonParser<Unit, Scan>::ReadString(Place& place) {
     uint32_t past = *place.next;
     if (base_[past - 1] != '"' || past == endOffset_) {
-        const Unit* const end = detail::PastJsonString<Scan>(base_ + place.token, end_);
+        const Unit* const end = detail::PastJsonString<Scan>(base_ + place.token, end_, lines_);
         if (end == nullptr || (end != end_ && *end == ':')) {
             return false;
         }
@@ -221,6 +263,7 @@ inline void JsonParser<Unit, Scan>::Close(Place& place, uint32_t token) {
     node.childCount = place.count;
     place.last = place.parent;
     place.parent = node.parent;
+    place.closer = 0;
     if (--depth_ != 0) {
         const JsonNode& outer = nodes_[static_cast<size_t>(place.parent)];
         place.count = outer.childCount;

@@ -24,13 +24,17 @@ inline constexpr uint32_t kMaxJsonDepth = 512;  // of a value below the top
 template <typename Unit, typename Scan = detail::JsonScan<Unit>>
 class JsonParser {
 public:
-    /// `lines`: no comment crosses the end of its line. Text, nodes and check outlive the parser.
+    /// `lines`: the text holds one value a line. Text, nodes and check outlive the parser.
     JsonParser(std::basic_string_view<Unit> text, bool lines, std::vector<JsonNode>& nodes,
                const AbandonCheck& abandoned);
 
     /// Reads the whole of a stretch of the text as one value and appends its nodes. Answers with
     /// the index of its top node; -1, and no nodes, when it is none.
     [[nodiscard]] int32_t Parse(size_t from, size_t to, int32_t parent);
+
+    /// Reads the whole of a text of lines, as children of node 0, which is there. False when one of
+    /// them is neither blank nor a value.
+    [[nodiscard]] bool ParseLines();
 
     /// Whether the check ended the last parse.
     [[nodiscard]] bool WasAbandoned() const { return isAbandoned_; }
@@ -49,7 +53,8 @@ private:
         int32_t last = -1;    // node of the value read last
     };
 
-    bool ReadAll(const Unit* at, int32_t parent);
+    Place Start(const Unit* at, const Unit* end, int32_t parent);
+    bool ReadValue(Place& place);
     bool ReadKey(Place& place);
     bool ReadString(Place& place);
     bool ReadWord(Place& place);

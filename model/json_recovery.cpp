@@ -63,30 +63,9 @@ size_t BlockEnd(std::wstring_view text, size_t from, const AbandonCheck& abandon
 template <typename Unit>
 int32_t ParseJsonLines(std::basic_string_view<Unit> text, std::vector<JsonNode>& nodes,
                        const AbandonCheck& abandoned) {
-    JsonGathering gathering(nodes);
+    nodes.assign(1, JsonNode{.kind = JsonKind::Array});
     JsonParser<Unit> parser(text, true, nodes, abandoned);
-    const Unit* const base = text.data();
-    const Unit* const end = base + text.size();
-    for (const Unit* line = base; line != end;) {
-        const Unit* const lineEnd = detail::JsonScan<Unit>::PastLine(line, end);
-        const Unit* past = lineEnd;
-        while (line != past && detail::IsJsonBlank(*line)) {
-            ++line;
-        }
-        while (past != line && detail::IsJsonBlank(past[-1])) {
-            --past;
-        }
-        if (line != past) {
-            const int32_t node =
-                parser.Parse(static_cast<size_t>(line - base), static_cast<size_t>(past - base), 0);
-            if (node < 0) {
-                return -1;
-            }
-            gathering.Add(node);
-        }
-        line = lineEnd == end ? end : lineEnd + 1;
-    }
-    return nodes.size() > 1 ? 0 : -1;
+    return parser.ParseLines() && nodes.size() > 1 ? 0 : -1;
 }
 
 int32_t SalvageJson(std::wstring_view text, std::vector<JsonNode>& nodes,

@@ -23,15 +23,19 @@ template <typename Unit>
     return end - at >= 2 && at[0] == '/' && (at[1] == '/' || at[1] == '*');
 }
 
-/// Past the comment that begins at `at`: a line's end is left, an open block takes all.
+/// Past the comment that begins at `at`: a line's end is left, an open block takes all, or what is
+/// left of its line when no comment goes on behind it.
 template <typename Scan, typename Unit>
-[[nodiscard]] const Unit* PastJsonComment(const Unit* at, const Unit* end) {
+[[nodiscard]] const Unit* PastJsonComment(const Unit* at, const Unit* end, bool lines) {
     if (at[1] == '/') {
         return Scan::PastLine(at + 2, end);
     }
-    for (at += 2; end - at >= 2; ++at) {
-        if (at[0] == '*' && at[1] == '/') {
+    for (at += 2; at != end; ++at) {
+        if (at[0] == '*' && end - at >= 2 && at[1] == '/') {
             return at + 2;
+        }
+        if (lines && at[0] == '\n') {
+            return at;
         }
     }
     return end;
@@ -86,6 +90,13 @@ template <typename Scan, typename Unit>
     }
 }
 
+/// The same for a string that ends on its line.
+template <typename Scan, typename Unit>
+[[nodiscard]] const Unit* PastJsonString(const Unit* at, const Unit* end, bool lines) {
+    const Unit* const past = PastJsonString<Scan>(at, end);
+    return past != nullptr && lines && Scan::PastLine(at, past) != past ? nullptr : past;
+}
+
 /// The last units of a text, filled up with blanks to a block: nothing behind them may be read.
 template <typename Unit>
 class JsonLastBlock {
@@ -119,10 +130,12 @@ template <typename Unit, typename Scan>
 template <typename Unit, typename Scan>
 class JsonTokens {
 public:
-    /// Positions count from `base`.
-    explicit JsonTokens(const Unit* base) : base_(base) {
+    /// Positions count from `base`. `lines`: each line feed is a token, and neither strings nor
+    /// comments go on behind it.
+    JsonTokens(const Unit* base, bool lines) : base_(base), lines_(lines) {
         if constexpr (!kIsPlain) {
-            kernel_ = ChooseJsonIndex<Unit, Scan>();
+            const JsonIndexKernel<Unit> kernel = ChooseJsonIndex<Unit, Scan>();
+            index_ = lines ? kernel.indexLines : kernel.index;
         }
     }
 
@@ -173,20 +186,20 @@ private:
 
     uint32_t PositionOf(const Unit* at) const { return static_cast<uint32_t>(at - base_); }
 
-    /// Past the token or the comment at `at_`.
+    /// Past the token, comment or blank at `at_`.
     const Unit* Step(JsonIndexOutput& out) {
-        const Unit* const at = JsonScanPlain::PastBlanks(at_, end_);
-        if (at == end_) {
-            return end_;
+        const Unit* const at = at_;
+        if (IsJsonBlank(*at) && !(lines_ && *at == '\n')) {
+            return at + 1;
         }
         if (IsJsonComment(at, end_)) {
-            return PastJsonComment<JsonScanPlain>(at, end_);
+            return PastJsonComment<Scan>(at, end_, lines_);
         }
         *out.next++ = PositionOf(at);
         if (*at != '"') {
             return std::max(at + 1, PastJsonWord(at, end_));
         }
-        const Unit* const past = PastJsonString<JsonScanPlain>(at, end_);
+        const Unit* const past = PastJsonString<Scan>(at, end_, lines_);
         return past == nullptr ? end_ : past != end_ && *past == ':' ? past + 1 : past;
     }
 
@@ -197,11 +210,11 @@ private:
         const Unit* stop = nullptr;
         out.offset = PositionOf(at_);
         if (blocks != 0) {
-            stop = kernel_.index(at_, past, end_, state_, out);
+            stop = index_(at_, past, end_, state_, out);
         } else {
             const JsonLastBlock<Unit> last(at_, end_);
             past = end_;
-            stop = last.InText(kernel_.index(last.Begin(), last.Past(), last.End(), state_, out));
+            stop = last.InText(index_(last.Begin(), last.Past(), last.End(), state_, out));
         }
         return out.isBroken ? end_ : stop == past ? past : PastSlash(stop, out);
     }
@@ -210,14 +223,15 @@ private:
     const Unit* PastSlash(const Unit* at, JsonIndexOutput& out) {
         state_ = {};
         if (IsJsonComment(at, end_)) {
-            return PastJsonComment<Scan>(at, end_);
+            return PastJsonComment<Scan>(at, end_, lines_);
         }
         *out.next++ = PositionOf(at);
         return at + 1;
     }
 
     const Unit* const base_;
-    JsonIndexKernel<Unit> kernel_{};
+    const bool lines_;
+    typename JsonIndexKernel<Unit>::Index index_ = nullptr;
     const Unit* at_ = nullptr;  // the tokens behind are not known yet
     const Unit* end_ = nullptr;
     JsonIndexState state_;

@@ -223,6 +223,77 @@ TEST(JsonParser, ReadsTheSameFromTextsCutAndMixedAtRandom) {
     }
 }
 
+template <typename Scan>
+Parsed ParseLinesWith(const std::u16string& text) {
+    const AbandonCheck never;
+    Parsed parsed;
+    parsed.nodes.resize(1);
+    JsonParser<char16_t, Scan> parser(text, true, parsed.nodes, never);
+    parsed.top = parser.ParseLines() ? 0 : -1;
+    const char16_t* const begin = text.data();
+    parsed.counted = CountJsonNodes<char16_t, Scan>(begin, begin + text.size(), true);
+    if (parsed.top < 0) {
+        parsed.nodes.clear();
+    } else {
+        EXPECT_EQ(parsed.counted + 1, parsed.nodes.size());
+    }
+    return parsed;
+}
+
+bool ExpectAgreementOfLines(const std::u16string& text) {
+    const std::string what(text.begin(), text.end());
+    const Parsed plain = ParseLinesWith<detail::JsonScanPlain>(text);
+    EXPECT_TRUE(ParseLinesWith<detail::JsonScanSse2>(text) == plain) << what;
+    EXPECT_TRUE(ParseLinesWith<detail::JsonScanBest>(text) == plain) << what;
+    return plain.top == 0;
+}
+
+TEST(JsonParser, KeepsValuesAndCommentsOnTheirLines) {
+    for (size_t before = 0; before < 140; ++before) {
+        const std::u16string start = std::u16string(before, u' ') + u"\n";
+        for (const auto* const text :
+             {u"1", u"1\n\n2\r\n", u"{\"a\":[1,\"b\"]} /* , \n2", u"1//x\n2", u"\"a\" /*/\n[]\n",
+              u"\"\\u00e9\\\"\"\n \t\r\n[\"b\" ]", u"/**/1\n", u"1 /*x*/ // y\n"}) {
+            EXPECT_TRUE(ExpectAgreementOfLines(start + text));
+        }
+        for (const auto* const text :
+             {u"1\n//x\n2", u"1\n/*x*/", u"[1,\n2]", u"{\"a\"\n:1}", u"{\"a\":\n1}", u"\"a\nb\"",
+              u"\"a\\\nb\"", u"1 2", u"1\n,2", u"\"a", u"\"a\n\"", u"{\"a\n\":1}", u"[1]]\n",
+              u"\"\\u00e\n9\"", u"1 /*\n*/", u"/*\n1", u"{\"a\":1}:\n2", u"\"a\":\n2", u"1\n/"}) {
+            EXPECT_FALSE(ExpectAgreementOfLines(start + text));
+        }
+    }
+}
+
+TEST(JsonParser, ReadsTheSameFromLinesMixedAtRandom) {
+    const std::u16string pieces[] = {u"1",
+                                     u"\"a\"",
+                                     u"{\"k\":\"v\"}",
+                                     u"[1,\"\\\\\"]",
+                                     u"\n",
+                                     u"\n\n",
+                                     u"\r\n",
+                                     u" // x\n",
+                                     u"/* \" */",
+                                     u"/*",
+                                     u"\"x\n",
+                                     u"[\n",
+                                     u"\\",
+                                     u" ",
+                                     u"\n"};
+    std::mt19937 dice(7);
+    int valid = 0;
+    for (int round = 0; round < 10'000; ++round) {
+        std::u16string text;
+        for (size_t left = dice() % 12; left > 0; --left) {
+            text += pieces[dice() % std::size(pieces)];
+            text += dice() % 2 == 0 ? u"\n" : u"";
+        }
+        valid += ExpectAgreementOfLines(text) ? 1 : 0;
+    }
+    EXPECT_GT(valid, 200);
+}
+
 /// A colon directly behind a string is not looked at again, so it must be the one after a key.
 TEST(JsonParser, TakesAColonForNothingButTheEndOfAKey) {
     for (const auto text :
