@@ -9,12 +9,12 @@ namespace {
 TEST(GridOutlineInput, LightsTheBoxUnderTheMouse) {
     OutlineWindow shown;
     const RECT box = shown.Box(2);
-    const COLORREF lit = MixColors(kColors.back, kColors.accent, 40);
+    const COLORREF lit = MixColors(kThemeColors.back, kThemeColors.accent, 40);
     ASSERT_EQ(shown.Count(box, lit), 0);
 
     shown.MoveTo(box.left + 1, box.top + 1);
     EXPECT_GT(shown.Count(box, lit), 40);
-    EXPECT_EQ(shown.Pixel(box.left, box.top), MixColors(kColors.back, kColors.text, 220));
+    EXPECT_EQ(shown.Pixel(box.left, box.top), MixColors(kThemeColors.back, kThemeColors.text, 220));
     EXPECT_EQ(shown.Count(shown.Box(0), lit), 0);
 
     shown.MoveTo(box.left + 40, box.top + 1);
@@ -24,7 +24,7 @@ TEST(GridOutlineInput, LightsTheBoxUnderTheMouse) {
 TEST(GridOutlineInput, PutsTheLightOutWhenTheMouseLeaves) {
     OutlineWindow shown;
     const RECT box = shown.Box(2);
-    const COLORREF lit = MixColors(kColors.back, kColors.accent, 40);
+    const COLORREF lit = MixColors(kThemeColors.back, kThemeColors.accent, 40);
     // Not through the queue: the system would find the mouse elsewhere and say so at once.
     shown.window.Send(WM_MOUSEMOVE, 0, MAKELPARAM(box.left + 1, box.top + 1));
     UpdateWindow(shown.TheGrid().Window());
@@ -41,7 +41,7 @@ TEST(GridOutlineInput, LooksForTheMouseAnewWhenRowsMove) {
     shown.window.Send(WM_MOUSEMOVE, 0, MAKELPARAM(box.left + 1, box.top + 1));
     shown.Toggle(2);  // the mouse itself was never there
     UpdateWindow(shown.TheGrid().Window());
-    EXPECT_EQ(shown.Count(box, MixColors(kColors.back, kColors.accent, 40)), 0);
+    EXPECT_EQ(shown.Count(box, MixColors(kThemeColors.back, kThemeColors.accent, 40)), 0);
 
     POINT mouse{box.left + 5, box.top + 5};
     ClientToScreen(shown.TheGrid().Window(), &mouse);
@@ -49,7 +49,7 @@ TEST(GridOutlineInput, LooksForTheMouseAnewWhenRowsMove) {
     shown.window.Send(WM_MOUSEMOVE, 0, MAKELPARAM(box.left + 5, box.top + 5));
     shown.Toggle(2);
     UpdateWindow(shown.TheGrid().Window());
-    EXPECT_GT(shown.Count(box, MixColors(kColors.back, kColors.accent, 40)), 40);
+    EXPECT_GT(shown.Count(box, MixColors(kThemeColors.back, kThemeColors.accent, 40)), 40);
     SetCursorPos(0, 0);
 }
 
@@ -81,7 +81,7 @@ TEST(GridOutlineInput, TakesAClickTwoPixelsBesideTheBox) {
 }
 
 TEST(GridOutlineInput, FindsTheBoxBehindTheLineNumbers) {
-    OutlineWindow shown({.window = {.style = {.lineNumbers = true}, .colors = kColors}});
+    OutlineWindow shown({.window = {.style = {.lineNumbers = true}, .colors = kThemeColors}});
     const RECT box = shown.Box(2);
     ASSERT_GT(box.left, shown.TheGrid().ColumnWidth(0));
 
@@ -128,7 +128,7 @@ TEST(GridOutlineInput, FindsTypedNamesWhateverColumnIsCurrent) {
 }
 
 TEST(GridOutlineInput, LeavesTablesTheirCharacters) {
-    GridWindow table({{L"h"}, {L"x"}, {L"*y"}}, {.colors = kColors});
+    GridWindow table({{L"h"}, {L"x"}, {L"*y"}}, {.colors = kThemeColors});
     table.grid.GoTo({0, 0});
     table.Send(WM_CHAR, L'*', 1);
     EXPECT_EQ(table.grid.Current().viewRow, 1);

@@ -12,7 +12,7 @@ TEST(GridOutline, NamesItsColumns) {
     EXPECT_EQ(shown.window.HeaderItemText(0), L"Name");
     EXPECT_EQ(shown.window.HeaderItemText(1), L"Value");
 
-    OutlineWindow numbered({.window = {.style = {.lineNumbers = true}, .colors = kColors}});
+    OutlineWindow numbered({.window = {.style = {.lineNumbers = true}, .colors = kThemeColors}});
     EXPECT_EQ(numbered.window.HeaderItemText(0), L"#");
     EXPECT_EQ(numbered.window.HeaderItemText(1), L"Name");
     EXPECT_EQ(numbered.window.HeaderItemText(2), L"Value");
@@ -22,31 +22,32 @@ TEST(GridOutline, DrawsAMinusInAnOpenRowsBoxAndAPlusInAClosedOnes) {
     OutlineWindow shown;
     ASSERT_TRUE(shown.outline->Row(0).expanded);
     RECT box = shown.Box(0);
-    const COLORREF line = MixColors(kColors.back, kColors.text, 130);
+    const COLORREF line = MixColors(kThemeColors.back, kThemeColors.text, 130);
 
     EXPECT_EQ(shown.Pixel(box.left, box.top), line);
     EXPECT_EQ(shown.Pixel(box.right - 1, box.bottom - 1), line);
     EXPECT_EQ(shown.Count(box, line), 4 * 9);
-    EXPECT_EQ(shown.Count(box, kColors.text), 6);
+    EXPECT_EQ(shown.Count(box, kThemeColors.text), 6);
 
     shown.Toggle(0);
     shown.window.Paint();
     box = shown.Box(0);
-    EXPECT_EQ(shown.Count(box, kColors.text), 11);
+    EXPECT_EQ(shown.Count(box, kThemeColors.text), 11);
     EXPECT_EQ(shown.window.Send(LVM_GETITEMCOUNT), 1);
 }
 
 TEST(GridOutline, MarksContainersWithSquaresAndLeavesWithDiscs) {
     OutlineWindow shown;
     const RECT square = shown.Mark(0);
-    EXPECT_EQ(shown.Pixel(square.left, square.top), MixColors(kSyntax.tag, kColors.text, 60));
+    EXPECT_EQ(shown.Pixel(square.left, square.top), MixColors(kSyntax.tag, kThemeColors.text, 60));
     EXPECT_EQ(shown.Pixel(square.left + 3, square.top + 3), kSyntax.tag);
 
     const RECT disc = shown.Mark(1);  // "name", a string
-    EXPECT_EQ(shown.Pixel(disc.left, disc.top), kColors.back2);
+    EXPECT_EQ(shown.Pixel(disc.left, disc.top), kThemeColors.back2);
     EXPECT_EQ(shown.Pixel(disc.left + 3, disc.top + 3), kSyntax.string);
-    EXPECT_EQ(shown.Pixel(disc.left + 3, disc.top), MixColors(kSyntax.string, kColors.text, 60));
-    EXPECT_EQ(shown.Count(shown.Box(1), MixColors(kColors.back2, kColors.text, 130)), 0);
+    EXPECT_EQ(shown.Pixel(disc.left + 3, disc.top),
+              MixColors(kSyntax.string, kThemeColors.text, 60));
+    EXPECT_EQ(shown.Count(shown.Box(1), MixColors(kThemeColors.back2, kThemeColors.text, 130)), 0);
 }
 
 TEST(GridOutline, DrawsOneGuideForEachAncestor) {
@@ -54,7 +55,7 @@ TEST(GridOutline, DrawsOneGuideForEachAncestor) {
     constexpr int kDeepRow = 6;  // the 1 in "deep"
     ASSERT_EQ(shown.outline->Row(kDeepRow).depth, 4);
     const RECT cell = shown.Name(kDeepRow);
-    const COLORREF guide = MixColors(kColors.back, kColors.text, 56);
+    const COLORREF guide = MixColors(kThemeColors.back, kThemeColors.text, 56);
 
     for (int level = 0; level < 4; ++level) {
         const LONG x = cell.left + 9 + 16 * level;
@@ -73,8 +74,8 @@ TEST(GridOutline, WritesNameAndSummaryBesideTheMark) {
     const RECT texts{mark.right + 5, cell.top, cell.right, cell.bottom};
 
     EXPECT_GT(shown.Count(texts, kSyntax.tag), 0);
-    EXPECT_GT(shown.Count(texts, MixColors(kColors.back2, kColors.text, 150)), 0);
-    EXPECT_EQ(shown.Count({mark.right, cell.top, mark.right + 5, cell.bottom}, kColors.back2),
+    EXPECT_GT(shown.Count(texts, MixColors(kThemeColors.back2, kThemeColors.text, 150)), 0);
+    EXPECT_EQ(shown.Count({mark.right, cell.top, mark.right + 5, cell.bottom}, kThemeColors.back2),
               5 * (cell.bottom - cell.top));
 }
 
@@ -84,17 +85,17 @@ TEST(GridOutline, PaintsASelectedRowInTheSelectionsColours) {
     shown.window.Paint();
     const RECT cell = shown.Name(3);
 
-    EXPECT_EQ(shown.window.BackOf({3, 0}), kColors.selectionBack);
+    EXPECT_EQ(shown.window.BackOf({3, 0}), kThemeColors.selectionBack);
     const RECT texts{shown.Mark(3).right + 5, cell.top, cell.right, cell.bottom};
-    EXPECT_GT(shown.Count(texts, kColors.selectionText), 0);
+    EXPECT_GT(shown.Count(texts, kThemeColors.selectionText), 0);
     EXPECT_EQ(shown.Count(texts, kSyntax.tag), 0);
-    EXPECT_EQ(shown.window.BackOf({2, 0}), kColors.back);
-    EXPECT_EQ(shown.window.BackOf({1, 0}), kColors.back2);
+    EXPECT_EQ(shown.window.BackOf({2, 0}), kThemeColors.back);
+    EXPECT_EQ(shown.window.BackOf({1, 0}), kThemeColors.back2);
 
     shown.TheGrid().GoTo({3, 1});
     shown.window.Paint();
-    EXPECT_EQ(shown.window.BackOf({3, 0}), kColors.selectionBack);
-    EXPECT_EQ(shown.window.BackOf({3, 1}), kColors.currentCellBack);
+    EXPECT_EQ(shown.window.BackOf({3, 0}), kThemeColors.selectionBack);
+    EXPECT_EQ(shown.window.BackOf({3, 1}), kThemeColors.currentCellBack);
 }
 
 TEST(GridOutline, PaintsTheRestOfARowOfUnboundedDepth) {
@@ -106,10 +107,10 @@ TEST(GridOutline, PaintsTheRestOfARowOfUnboundedDepth) {
     shown.TheGrid().BringIntoView({last, 0});
     shown.window.Paint();
 
-    EXPECT_EQ(shown.window.BackOf({last, 0}), kColors.back2);
+    EXPECT_EQ(shown.window.BackOf({last, 0}), kThemeColors.back2);
     const RECT cell = shown.Name(last);
     const RECT line{cell.left, cell.top, cell.right, cell.top + 1};
-    EXPECT_EQ(shown.Count(line, MixColors(kColors.back2, kColors.text, 56)),
+    EXPECT_EQ(shown.Count(line, MixColors(kThemeColors.back2, kThemeColors.text, 56)),
               (cell.right - cell.left - 9 + 15) / 16);
 }
 
@@ -181,7 +182,7 @@ TEST(GridOutline, LeavesAHiddenValueColumnHidden) {
 
 TEST(GridOutline, TurnsGridLinesOffAndOnAgainForTables) {
     for (const bool wanted : {true, false}) {
-        OutlineWindow shown({.window = {.gridLines = wanted, .colors = kColors}});
+        OutlineWindow shown({.window = {.gridLines = wanted, .colors = kThemeColors}});
         const auto lines = [&] {
             return (shown.window.Send(LVM_GETEXTENDEDLISTVIEWSTYLE) & LVS_EX_GRIDLINES) != 0;
         };
@@ -196,7 +197,7 @@ TEST(GridOutline, TurnsGridLinesOffAndOnAgainForTables) {
 }
 
 TEST(GridOutline, MakesRowsHigherAndPutsTheOldHeightBack) {
-    GridWindow table({{L"a"}, {L"b"}}, {.colors = kColors});
+    GridWindow table({{L"a"}, {L"b"}}, {.colors = kThemeColors});
     const RECT before = table.grid.CellBounds({0, 0});
     OutlineWindow shown;
     TEXTMETRICW metrics{};
@@ -230,7 +231,7 @@ TEST(GridOutline, DrawsNoNumberByItsSeparator) {
     OutlineWindow shown({.json = L"[1.5, 22222222.25]"});
     const RECT cell = shown.TheGrid().CellBounds({1, 1});  // 1.5
     const RECT start{cell.left + 1, cell.top + 1, cell.left + 20, cell.bottom - 1};
-    EXPECT_LT(shown.Count(start, kColors.back2),
+    EXPECT_LT(shown.Count(start, kThemeColors.back2),
               (start.right - start.left) * (start.bottom - start.top));
 }
 

@@ -12,17 +12,17 @@
 
 namespace rl::test {
 
-inline constexpr ThemeColors kColors{.text = 0x202020,
-                                     .back = 0xFFFFFF,
-                                     .back2 = 0xF0F0F0,
-                                     .headerText = 0x000000,
-                                     .headerBack = 0xE0E0E0,
-                                     .currentCellBack = 0x00C0C0,
-                                     .selectionText = 0xFFFF00,
-                                     .selectionBack = 0x800000,
-                                     .lineNumberText = 0x010101,
-                                     .lineNumberBack = 0xEEEEEE,
-                                     .accent = 0x0000FF};
+inline constexpr ThemeColors kThemeColors{.text = 0x202020,
+                                          .back = 0xFFFFFF,
+                                          .back2 = 0xF0F0F0,
+                                          .headerText = 0x000000,
+                                          .headerBack = 0xE0E0E0,
+                                          .currentCellBack = 0x00C0C0,
+                                          .selectionText = 0xFFFF00,
+                                          .selectionBack = 0x800000,
+                                          .lineNumberText = 0x010101,
+                                          .lineNumberBack = 0xEEEEEE,
+                                          .accent = 0x0000FF};
 inline constexpr SourceColors kSyntax{.tag = 0xC00000,
                                       .attribute = 0x00A000,
                                       .string = 0x0000C0,
@@ -30,12 +30,12 @@ inline constexpr SourceColors kSyntax{.tag = 0xC00000,
                                       .keyword = 0xC0C000,
                                       .comment = 0x808000};
 
-inline constexpr std::wstring_view kJson =
+inline constexpr std::wstring_view kOutlineJson =
     LR"({"name": "x", "list": [{"id": "first", "deep": [1, 2]}, 3], "none": null})";
 
 struct OutlineOptions {
-    std::wstring json = std::wstring(kJson);
-    GridWindowOptions window = {.colors = kColors};
+    std::wstring json = std::wstring(kOutlineJson);
+    GridWindowOptions window = {.colors = kThemeColors};
     int32_t expandMax = 0;  // everything open
 };
 
