@@ -37,31 +37,38 @@ private:
     size_t before_ = 0;
 };
 
-/// Nodes of the open elements, and which names they have.
+/// The innermost open element, and which names are open.
 ///
-/// A stray end tag must not look at them all: their names are counted as soon as an end tag meets
+/// There is no stack: an element knows its parent, whose last child it is when it ends. A stray end
+/// tag must not look at all that are open: their names are counted as soon as an end tag meets
 /// another name than the innermost one's, those of each element once.
 template <typename Unit>
 class OpenElements {
 public:
     OpenElements(std::basic_string_view<Unit> text, const std::vector<XmlNode>& nodes)
-        : text_(text), nodes_(nodes), stack_{{.node = 0}} {}
+        : text_(text), nodes_(nodes) {}
 
-    struct Entry {
-        int32_t node;
-        int32_t lastChild = -1;
-    };
+    /// The document node when no element is open.
+    [[nodiscard]] int32_t Innermost() const { return innermost_; }
+    /// The last child of the innermost element so far, or -1.
+    [[nodiscard]] int32_t LastChild() const { return lastChild_; }
+    void SetLastChild(int32_t node) { lastChild_ = node; }
+    [[nodiscard]] bool IsEmpty() const { return depth_ == 0; }
 
-    [[nodiscard]] Entry& Innermost() { return stack_.back(); }
-    [[nodiscard]] bool IsEmpty() const { return stack_.size() == 1; }
-    void Push(int32_t node) { stack_.push_back({.node = node}); }
+    void Push(int32_t node) {
+        innermost_ = node;
+        lastChild_ = -1;
+        ++depth_;
+    }
 
     void Pop() {
-        if (stack_.size() == counted_) {
-            --names_.find(NameOf(stack_.back()))->second;
+        if (depth_ == counted_) {
+            --names_.find(NameOf(innermost_))->second;
             --counted_;
         }
-        stack_.pop_back();
+        lastChild_ = innermost_;
+        innermost_ = NodeAt(innermost_).parent;
+        --depth_;
     }
 
     /// Whether an element of this name is open; afterwards it is the innermost one.
@@ -69,32 +76,43 @@ public:
         if (IsEmpty()) {
             return false;
         }
-        if (NameOf(stack_.back()) == name) {
+        if (NameOf(innermost_) == name) {
             return true;
         }
-        for (; counted_ < stack_.size(); ++counted_) {
-            ++names_[NameOf(stack_[counted_])];
-        }
+        CountNames();
         const auto found = names_.find(name);
         if (found == names_.end() || found->second == 0) {
             return false;
         }
-        while (NameOf(stack_.back()) != name) {
+        while (NameOf(innermost_) != name) {
             Pop();
         }
         return true;
     }
 
 private:
-    std::basic_string_view<Unit> NameOf(const Entry& entry) const {
-        const XmlNode& node = nodes_[static_cast<size_t>(entry.node)];
-        return text_.substr(node.nameOffset, node.nameLength);
+    [[nodiscard]] const XmlNode& NodeAt(int32_t node) const {
+        return nodes_[static_cast<size_t>(node)];
+    }
+    [[nodiscard]] std::basic_string_view<Unit> NameOf(int32_t node) const {
+        return text_.substr(NodeAt(node).nameOffset, NodeAt(node).nameLength);
+    }
+
+    void CountNames() {
+        int32_t node = innermost_;
+        for (size_t depth = depth_; depth > counted_; --depth) {
+            ++names_[NameOf(node)];
+            node = NodeAt(node).parent;
+        }
+        counted_ = depth_;
     }
 
     std::basic_string_view<Unit> text_;
     const std::vector<XmlNode>& nodes_;
-    std::vector<Entry> stack_;  // the document node first
-    size_t counted_ = 1;        // entries whose names are in `names_`; the document has none
+    int32_t innermost_ = 0;
+    int32_t lastChild_ = -1;
+    size_t depth_ = 0;    // open elements
+    size_t counted_ = 0;  // of them, the outermost ones whose names are in `names_`
     std::unordered_map<std::basic_string_view<Unit>, uint32_t> names_;
 };
 
@@ -117,7 +135,7 @@ public:
 
     void EndTag(XmlExtent name, uint32_t end) {
         if (open_.CloseDownTo(text_.substr(name.start, name.end - name.start))) {
-            NodeAt(open_.Innermost().node).sourceEnd = end;
+            NodeAt(open_.Innermost()).sourceEnd = end;
             open_.Pop();
         } else {
             tree_.malformed = true;
@@ -148,7 +166,7 @@ public:
     /// Elements left open reach to the end of the text.
     void Finish() {
         for (; !open_.IsEmpty(); open_.Pop()) {
-            NodeAt(open_.Innermost().node).sourceEnd = static_cast<uint32_t>(text_.size());
+            NodeAt(open_.Innermost()).sourceEnd = static_cast<uint32_t>(text_.size());
             tree_.malformed = true;
         }
     }
@@ -158,11 +176,11 @@ private:
 
     void AddNode(XmlKind kind, XmlExtent source, XmlExtent name, XmlExtent value) {
         const auto index = static_cast<int32_t>(tree_.nodes.size());
-        auto& above = open_.Innermost();
-        ++NodeAt(above.node).childCount;
-        (above.lastChild < 0 ? NodeAt(above.node).firstChild
-                             : NodeAt(above.lastChild).nextSibling) = index;
-        above.lastChild = index;
+        const int32_t last = open_.LastChild();
+        XmlNode& above = NodeAt(open_.Innermost());
+        ++above.childCount;
+        (last < 0 ? above.firstChild : NodeAt(last).nextSibling) = index;
+        open_.SetLastChild(index);
         tree_.nodes.push_back({.kind = kind,
                                .nameOffset = name.start,
                                .nameLength = name.end - name.start,
@@ -170,7 +188,7 @@ private:
                                .valueLength = value.end - value.start,
                                .sourceStart = source.start,
                                .sourceEnd = source.end,
-                               .parent = above.node});
+                               .parent = open_.Innermost()});
     }
 
     std::basic_string_view<Unit> text_;
