@@ -41,7 +41,7 @@ template <typename Unit, typename Scan>
 int32_t JsonParser<Unit, Scan>::Parse(size_t from, size_t to, int32_t parent) {
     const size_t top = nodes_.size();
     Place place = Start(base_ + from, base_ + to, parent);
-    if (isAbandoned_ || !ReadValue(place) || *place.next != endOffset_ || isAbandoned_) {
+    if (isAbandoned_ || !ReadValue(place) || *place.next != place.end || isAbandoned_) {
         nodes_.resize(top);
         return -1;
     }
@@ -53,7 +53,7 @@ bool JsonParser<Unit, Scan>::ParseLines() {
     Place place = Start(base_, textEnd_, 0);
     for (const Unit* line = base_; !isAbandoned_;) {
         if (tokens_.IsLow(place.next)) {
-            Refill(place);
+            place.next = Refill(place.next);
         }
         const Unit* past = base_ + *place.next;
         if (past == end_ || *past == '\n') {
@@ -86,37 +86,38 @@ bool JsonParser<Unit, Scan>::ParseLines() {
 template <typename Unit, typename Scan>
 auto JsonParser<Unit, Scan>::Start(const Unit* at, const Unit* end, int32_t parent) -> Place {
     end_ = end;
-    endOffset_ = static_cast<uint32_t>(end - base_);
-    depth_ = 0;
     AskWhetherAbandoned(at);
-    Place place{.next = tokens_.Start(at, end), .parent = parent};
-    place.size = static_cast<int32_t>(nodes_.size());
-    return place;
+    return {.base = base_,
+            .next = tokens_.Start(at, end),
+            .end = static_cast<uint32_t>(end - base_),
+            .parent = parent,
+            .size = static_cast<int32_t>(nodes_.size())};
 }
 
 /// Up to the token behind it.
 template <typename Unit, typename Scan>
-bool JsonParser<Unit, Scan>::ReadValue(Place& place) {
+bool JsonParser<Unit, Scan>::ReadValue(Place& outer) {
+    Place place = outer;  // nobody else looks at this one
     do {
         if (tokens_.IsLow(place.next)) [[unlikely]] {
-            Refill(place);
+            place.next = Refill(place.next);
         }
         place.token = *place.next++;
         place.keyOffset = place.keyLength = 0;
         if (place.closer == '}' && !ReadKey(place)) {
             return false;
         }
-        if (place.token == endOffset_) {
+        if (place.token == place.end) {
             return false;
         }
-        const Unit first = base_[place.token];
+        const Unit first = place.base[place.token];
         bool isRead = false;
         if (first == '"') {
             isRead = ReadString(place);
         } else if (first == '{' || first == '[') {
-            const uint32_t before = depth_;
+            const uint32_t before = place.depth;
             isRead = Open(place);
-            if (depth_ != before) {
+            if (place.depth != before) {
                 continue;
             }
         } else {
@@ -125,7 +126,8 @@ bool JsonParser<Unit, Scan>::ReadValue(Place& place) {
         if (!isRead || !LeaveValue(place)) {
             return false;
         }
-    } while (depth_ != 0);
+    } while (place.depth != 0);
+    outer = place;
     return true;
 }
 
@@ -135,22 +137,22 @@ bool JsonParser<Unit, Scan>::ReadValue(Place& place) {
 template <typename Unit, typename Scan>
 inline bool JsonParser<Unit, Scan>::ReadKey(Place& place) {
     const uint32_t key = place.token;
-    if (key == endOffset_ || base_[key] != '"') {
+    if (key == place.end || place.base[key] != '"') {
         return false;
     }
     place.token = *place.next++;
     uint32_t past = place.token - 1;
-    if (base_[past] == ' ') {
+    if (place.base[past] == ' ') {
         --past;
     }
-    if (base_[past] != ':' || base_[past - 1] != '"') [[unlikely]] {
-        const Unit* const end = detail::PastJsonString<Scan>(base_ + key, end_, lines_);
+    if (place.base[past] != ':' || place.base[past - 1] != '"') [[unlikely]] {
+        const Unit* const end = detail::PastJsonString<Scan>(place.base + key, end_, lines_);
         if (end == nullptr) {
             return false;
         }
-        past = static_cast<uint32_t>(end - base_);
-        if (past == endOffset_ || *end != ':') {
-            if (place.token == endOffset_ || base_[place.token] != ':') {
+        past = static_cast<uint32_t>(end - place.base);
+        if (past == place.end || *end != ':') {
+            if (place.token == place.end || place.base[place.token] != ':') {
                 return false;
             }
             place.token = *place.next++;
@@ -164,12 +166,13 @@ inline bool JsonParser<Unit, Scan>::ReadKey(Place& place) {
 template <typename Unit, typename Scan>
 inline bool JsonParser<Unit, Scan>::ReadString(Place& place) {
     uint32_t past = *place.next;
-    if (base_[past - 1] != '"' || past == endOffset_) {
-        const Unit* const end = detail::PastJsonString<Scan>(base_ + place.token, end_, lines_);
+    if (place.base[past - 1] != '"' || past == place.end) {
+        const Unit* const end =
+            detail::PastJsonString<Scan>(place.base + place.token, end_, lines_);
         if (end == nullptr || (end != end_ && *end == ':')) {
             return false;
         }
-        past = static_cast<uint32_t>(end - base_);
+        past = static_cast<uint32_t>(end - place.base);
     }
     Append(place, JsonKind::String, past - place.token, -1);
     return true;
@@ -178,7 +181,7 @@ inline bool JsonParser<Unit, Scan>::ReadString(Place& place) {
 /// A number or a literal.
 template <typename Unit, typename Scan>
 inline bool JsonParser<Unit, Scan>::ReadWord(Place& place) {
-    const Unit* const at = base_ + place.token;
+    const Unit* const at = place.base + place.token;
     JsonKind kind = JsonKind::Null;
     const Unit* past = nullptr;
     switch (*at) {
@@ -197,7 +200,7 @@ inline bool JsonParser<Unit, Scan>::ReadWord(Place& place) {
     }
     // Tokens tell where a word begins, not where it ends.
     if (past == nullptr ||
-        (past != base_ + *place.next && !detail::IsJsonBlank(*past) && *past != '/')) {
+        (past != place.base + *place.next && !detail::IsJsonBlank(*past) && *past != '/')) {
         return false;
     }
     Append(place, kind, static_cast<uint32_t>(past - at), -1);
@@ -207,19 +210,19 @@ inline bool JsonParser<Unit, Scan>::ReadWord(Place& place) {
 /// Reads an empty container, or enters another.
 template <typename Unit, typename Scan>
 inline bool JsonParser<Unit, Scan>::Open(Place& place) {
-    const auto closer = static_cast<Unit>(base_[place.token] + 2);
+    const auto closer = static_cast<Unit>(place.base[place.token] + 2);
     const JsonKind kind = closer == ']' ? JsonKind::Array : JsonKind::Object;
     const uint32_t first = *place.next;
-    if (first != endOffset_ && base_[first] == closer) {
+    if (first != place.end && place.base[first] == closer) {
         ++place.next;
         Append(place, kind, first + 1 - place.token, -1);
         return true;
     }
-    if (depth_ == kMaxJsonDepth) {
+    if (place.depth == kMaxJsonDepth) {
         return false;  // whatever stands in there is too deep
     }
     Append(place, kind, 0, place.size + 1);
-    if (depth_++ != 0) {
+    if (place.depth++ != 0) {
         nodes_[static_cast<size_t>(place.parent)].childCount = place.count;
     }
     place.parent = place.last;
@@ -231,23 +234,23 @@ inline bool JsonParser<Unit, Scan>::Open(Place& place) {
 /// Over to the next member, closing what ends before it.
 template <typename Unit, typename Scan>
 inline bool JsonParser<Unit, Scan>::LeaveValue(Place& place) {
-    while (depth_ > 0) {
+    while (place.depth > 0) {
         const uint32_t token = *place.next++;
-        if (token == endOffset_) {
+        if (token == place.end) {
             return false;
         }
-        if (base_[token] == ',') {
+        if (place.base[token] == ',') {
             const uint32_t after = *place.next;
-            if (after == endOffset_) {
+            if (after == place.end) {
                 return false;
             }
-            if (base_[after] != place.closer) [[likely]] {
+            if (place.base[after] != place.closer) [[likely]] {
                 nodes_[static_cast<size_t>(place.last)].nextSibling = place.size;
                 return true;
             }
             ++place.next;
             Close(place, after);
-        } else if (base_[token] == place.closer) {
+        } else if (place.base[token] == place.closer) {
             Close(place, token);
         } else {
             return false;
@@ -264,13 +267,13 @@ inline void JsonParser<Unit, Scan>::Close(Place& place, uint32_t token) {
     place.last = place.parent;
     place.parent = node.parent;
     place.closer = 0;
-    if (--depth_ != 0) {
+    if (--place.depth != 0) {
         const JsonNode& outer = nodes_[static_cast<size_t>(place.parent)];
         place.count = outer.childCount;
         place.closer = outer.kind == JsonKind::Array ? ']' : '}';
     }
     if (tokens_.IsLow(place.next)) [[unlikely]] {
-        Refill(place);
+        place.next = Refill(place.next);
     }
 }
 
@@ -278,7 +281,7 @@ template <typename Unit, typename Scan>
 inline void JsonParser<Unit, Scan>::Append(Place& place, JsonKind kind, uint32_t length,
                                            int32_t child) {
     if (nodes_.size() == nodes_.capacity()) [[unlikely]] {
-        Grow(base_ + place.token);
+        Grow(place.base + place.token);
     }
     place.last = place.size++;
     ++place.count;
@@ -288,9 +291,9 @@ inline void JsonParser<Unit, Scan>::Append(Place& place, JsonKind kind, uint32_t
 }
 
 template <typename Unit, typename Scan>
-void JsonParser<Unit, Scan>::Refill(Place& place) {
-    AskWhetherAbandoned(base_ + *place.next);
-    place.next = isAbandoned_ ? tokens_.End() : tokens_.Refill(place.next);
+const uint32_t* JsonParser<Unit, Scan>::Refill(const uint32_t* next) {
+    AskWhetherAbandoned(base_ + *next);
+    return isAbandoned_ ? tokens_.End() : tokens_.Refill(next);
 }
 
 /// Makes room: some at first, then for the whole text, then, in a text that turns out to be none or

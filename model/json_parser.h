@@ -42,10 +42,13 @@ public:
 private:
     /// Where the parse is. Apart from the rest, so that it can be kept in registers.
     struct Place {
+        const Unit* base;      // of the text
         const uint32_t* next;  // position of the next token
+        uint32_t end;          // of the text
         uint32_t token = 0;    // position of this one
         uint32_t keyOffset = 0;
         uint32_t keyLength = 0;
+        uint32_t depth = 0;   // containers open
         int32_t parent = -1;  // innermost container that is open
         uint32_t count = 0;   // its children so far
         Unit closer = 0;      // its closing bracket; 0 outside all
@@ -62,7 +65,7 @@ private:
     bool LeaveValue(Place& place);
     void Close(Place& place, uint32_t token);
     void Append(Place& place, JsonKind kind, uint32_t length, int32_t child);
-    void Refill(Place& place);
+    const uint32_t* Refill(const uint32_t* next);
     void Grow(const Unit* at);
     void AskWhetherAbandoned(const Unit* at);
 
@@ -70,13 +73,11 @@ private:
     const Unit* end_;
     const Unit* const textEnd_;
     const Unit* askAt_;
-    uint32_t endOffset_ = 0;
     std::vector<JsonNode>& nodes_;
     const AbandonCheck& abandoned_;
     const bool lines_;
     bool isAbandoned_ = false;
     bool isCounted_ = false;
-    uint32_t depth_ = 0;  // containers open
     detail::JsonTokens<Unit, Scan> tokens_;
 };
 
