@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/json_text_writer.h"
+#include "model/name_hash.h"
 #include "model/subtree_walk.h"
 
 namespace rl {
@@ -193,7 +194,7 @@ void XmlAsJsonWriter::GatherChildren(const XmlNode& node) {
     };
     std::vector<Found> found;
     std::vector<size_t> starts;  // of each group; at first how many are in it
-    std::unordered_map<std::wstring_view, size_t> groups;
+    std::unordered_map<std::wstring_view, size_t, NameHash> groups;
     for (int32_t at = node.firstChild; at >= 0; at = NodeAt(at).nextSibling) {
         if (NodeAt(at).kind != XmlKind::Element) {
             continue;

@@ -4,6 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "model/name_hash.h"
 #include "model/name_units.h"
 #include "model/subtree_walk.h"
 #include "model/xml_text_writer.h"
@@ -87,7 +88,7 @@ bool XmlNodeWriter::StartElement(int32_t node) {
 
 // Of attributes with one name only the first is written: XML has no place for the others.
 void XmlNodeWriter::WriteAttributes(const XmlNode& node) {
-    std::unordered_set<std::wstring> names;
+    std::unordered_set<std::wstring, NameHash> names;
     for (uint32_t i = 0; i < node.attributeCount; ++i) {
         const auto attribute = static_cast<int32_t>(node.firstAttribute + i);
         std::wstring name = XmlNameOf(document_.AttributeName(attribute));

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "model/name_hash.h"
 #include "model/name_units.h"
 
 namespace rl {
@@ -167,7 +168,7 @@ void XmlPaths::FindPlacesBelow(int32_t parent) {
         int32_t first = -1;
         int32_t count = 0;
     };
-    std::unordered_map<std::wstring_view, Group> groups;
+    std::unordered_map<std::wstring_view, Group, NameHash> groups;
     int32_t at = NodeOf(document_, parent).firstChild;
     for (; at >= 0; at = NodeOf(document_, at).nextSibling) {
         if (NodeOf(document_, at).kind != XmlKind::Element) {

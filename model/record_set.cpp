@@ -1,4 +1,5 @@
 #include "model/record_set.h"
+#include "model/name_hash.h"
 
 #include <algorithm>
 #include <string_view>
@@ -20,7 +21,7 @@ int64_t CountObjects(const JsonDocument& document, const JsonNode& array) {
 
 /// How many element children share the most frequent name.
 int64_t CountLikeChildren(const XmlDocument& document, const XmlNode& parent) {
-    std::unordered_map<std::wstring_view, int64_t> counts;
+    std::unordered_map<std::wstring_view, int64_t, NameHash> counts;
     int64_t best = 0;
     int64_t* last = nullptr;  // the count of the name seen last: records mostly follow one another
     std::wstring_view lastName;
