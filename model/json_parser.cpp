@@ -166,7 +166,8 @@ inline bool JsonParser<Unit, Scan>::ReadKey(Place& place) {
 template <typename Unit, typename Scan>
 inline bool JsonParser<Unit, Scan>::ReadString(Place& place) {
     uint32_t past = *place.next;
-    if (place.base[past - 1] != '"' || past == place.end) {
+    // Directly before a token that is no line feed, a quote cannot belong to a comment.
+    if (place.base[past - 1] != '"' || past == place.end || place.base[past] == '\n') {
         const Unit* const end =
             detail::PastJsonString<Scan>(place.base + place.token, end_, lines_);
         if (end == nullptr || (end != end_ && *end == ':')) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/json_document.h"
+#include "model/json_recovery.h"
 
 namespace rl {
 namespace {
@@ -253,14 +254,17 @@ TEST(JsonParser, KeepsValuesAndCommentsOnTheirLines) {
         const std::u16string start = std::u16string(before, u' ') + u"\n";
         for (const auto* const text :
              {u"1", u"1\n\n2\r\n", u"{\"a\":[1,\"b\"]} /* , \n2", u"1//x\n2", u"\"a\" /*/\n[]\n",
-              u"\"\\u00e9\\\"\"\n \t\r\n[\"b\" ]", u"/**/1\n", u"1 /*x*/ // y\n"}) {
-            EXPECT_TRUE(ExpectAgreementOfLines(start + text));
+              u"\"\\u00e9\\\"\"\n \t\r\n[\"b\" ]", u"/**/1\n", u"1 /*x*/ // y\n",
+              u"\"a\"//\"\n\"b\" /*\"\n[\"c\"]//\""}) {
+            EXPECT_TRUE(ExpectAgreementOfLines(start + text)) << start.size();
         }
         for (const auto* const text :
-             {u"1\n//x\n2", u"1\n/*x*/", u"[1,\n2]", u"{\"a\"\n:1}", u"{\"a\":\n1}", u"\"a\nb\"",
-              u"\"a\\\nb\"", u"1 2", u"1\n,2", u"\"a", u"\"a\n\"", u"{\"a\n\":1}", u"[1]]\n",
-              u"\"\\u00e\n9\"", u"1 /*\n*/", u"/*\n1", u"{\"a\":1}:\n2", u"\"a\":\n2", u"1\n/"}) {
-            EXPECT_FALSE(ExpectAgreementOfLines(start + text));
+             {u"1\n//x\n2",    u"1\n/*x*/",      u"[1,\n2]",   u"{\"a\"\n:1}",   u"{\"a\":\n1}",
+              u"\"a\nb\"",     u"\"a\\\nb\"",    u"1 2",       u"1\n,2",         u"\"a",
+              u"\"a\n\"",      u"{\"a\n\":1}",   u"[1]]\n",    u"\"\\u00e\n9\"", u"1 /*\n*/",
+              u"/*\n1",        u"{\"a\":1}:\n2", u"\"a\":\n2", u"1\n/",          u"\"a\":/*\"\n2",
+              u"\"a\"://\"\n2"}) {
+            EXPECT_FALSE(ExpectAgreementOfLines(start + text)) << start.size();
         }
     }
 }
@@ -308,6 +312,17 @@ TEST(JsonParser, TakesAColonForNothingButTheEndOfAKey) {
           L"{\"a\"//\":\n:1}", L"{\"a\"\n:\n1}", L"{\"\\\":\":1}", L"[\":\",\"::\"]"}) {
         EXPECT_TRUE(Parses(text)) << text;
     }
+}
+
+TEST(JsonParser, EndsAStringBeforeACommentThatEndsWithAQuote) {
+    JsonDocument document;
+    ASSERT_TRUE(document.Parse(L"\"a\"//\"\n\"b\" /*\"\n", true, false));
+    EXPECT_EQ(document.DisplayText(1), L"a");
+    EXPECT_EQ(document.DisplayText(2), L"b");
+    std::vector<JsonNode> nodes;
+    const AbandonCheck never;
+    EXPECT_EQ(ParseJsonLines<char16_t>(u"\"a\"//\"\n\"b\" /*\"\n", nodes, never), 0);
+    EXPECT_TRUE(nodes == document.nodes);
 }
 
 TEST(JsonParser, LeavesNothingOfATextThatIsNoValue) {
