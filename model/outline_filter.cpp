@@ -68,13 +68,12 @@ bool HasXmlRowsBelow(const OutlineTree& tree, int32_t node) {
 }  // namespace
 
 void TreeTableView::SetFilter(int32_t column, std::wstring_view text, OutlineFilter filter,
-                              OutlineLook look) {
+                              OutlineSearch search) {
     if (column < 0 || column >= ColumnCount()) {
         return;
     }
-    filters_[static_cast<size_t>(column)] = {.text = std::wstring(text),
-                                             .passes = std::move(filter),
-                                             .passesAsItStands = std::move(look)};
+    filters_[static_cast<size_t>(column)] = {
+        .text = std::wstring(text), .passes = std::move(filter), .search = std::move(search)};
     const bool wasFiltered = state_.filtered;
     const bool filtered = IsFiltered();
     if (!wasFiltered && !filtered) {
@@ -104,8 +103,47 @@ bool TreeTableView::IsFiltered() const {
     return std::ranges::any_of(filters_, [](const Filter& filter) { return !filter.text.empty(); });
 }
 
+/// Whether a value can only pass where the document's text holds what is wanted, or an escape. Line
+/// breaks and tabs within a value are shown as blanks, which such a text must not have.
+bool TreeTableView::CanSearchWholeText() const {
+    const auto& [names, values] = filters_;
+    return tree_.Json() != nullptr && tree_.Json()->edits.empty() && names.text.empty() &&
+           values.search && values.text.find(L' ') == std::wstring::npos;
+}
+
+// One pass over the text finds the values worth looking at; all others are passed over unseen.
+void TreeTableView::MarkHitsInText() {
+    const JsonDocument& json = *tree_.Json();
+    const OutlineSearch& search = filters_[1].search;
+    size_t hit = 0;
+    size_t escape = 0;
+    std::wstring text;
+    bool begins = true;
+    for (int32_t node = tree_.Root(); node < tree_.Size(); ++node) {
+        const JsonNode& at = json.nodes[static_cast<size_t>(node)];
+        if (at.IsContainer()) {
+            continue;
+        }
+        if (begins || hit < at.valueOffset) {
+            hit = search(json.text, at.valueOffset);
+        }
+        if (begins || escape < at.valueOffset) {
+            escape = FindUnit(json.text, at.valueOffset, L'\\');
+        }
+        begins = false;
+        const size_t end = size_t{at.valueOffset} + at.valueLength;
+        if ((hit < end || escape < end) && ValuePasses(node, text)) {
+            MarkListed(node);
+        }
+    }
+}
+
 void TreeTableView::MarkMatches() {
     if (tree_.Root() < 0) {
+        return;
+    }
+    if (CanSearchWholeText()) {
+        MarkHitsInText();
         return;
     }
     ArrayPositions positions(tree_);
@@ -137,9 +175,9 @@ void TreeTableView::MarkMatches() {
 /// `text` lends its room.
 bool TreeTableView::ValuePasses(int32_t node, std::wstring& text) const {
     const Filter& values = filters_[1];
-    if (values.passesAsItStands) {
+    if (values.search) {
         if (const std::optional<std::wstring_view> plain = tree_.PlainValue(node)) {
-            return values.passesAsItStands(*plain);
+            return values.search(*plain, 0) != std::wstring_view::npos;
         }
     }
     tree_.ReadValue(node, text);
@@ -149,9 +187,9 @@ bool TreeTableView::ValuePasses(int32_t node, std::wstring& text) const {
 
 bool TreeTableView::AttributeValuePasses(int32_t attribute, std::wstring& text) const {
     const Filter& values = filters_[1];
-    if (values.passesAsItStands) {
+    if (values.search) {
         if (const std::optional<std::wstring_view> plain = tree_.PlainAttributeValue(attribute)) {
-            return values.passesAsItStands(*plain);
+            return values.search(*plain, 0) != std::wstring_view::npos;
         }
     }
     tree_.ReadAttributeValue(attribute, text);

@@ -24,8 +24,9 @@ namespace rl {
 
 /// Whether a text of a column passes that column's filter; the text may be changed.
 using OutlineFilter = std::function<bool(std::wstring& text)>;
-/// The same for a text that is shown just as it stands in the document: neither copied nor changed.
-using OutlineLook = std::function<bool(std::wstring_view text)>;
+/// For a filter that wants one text somewhere in a column's text: where it stands next in a text of
+/// any length, `from` or behind it; npos when it does not.
+using OutlineSearch = std::function<size_t(std::wstring_view text, size_t from)>;
 
 class TreeTableView final : public ITableModel {
 public:
@@ -61,9 +62,10 @@ public:
 
     /// Lists only nodes whose name and value pass, with all their ancestors opened. An empty `text`
     /// takes the column's filter away; with the last one the old opening comes back.
-    /// `look`, when given, must answer as `filter` does; it saves copying most texts.
+    /// `search`, when given, must find the text in what `filter` lets pass and in nothing else; it
+    /// saves copying most values.
     void SetFilter(int32_t column, std::wstring_view text, OutlineFilter filter,
-                   OutlineLook look = {});
+                   OutlineSearch search = {});
     [[nodiscard]] std::wstring_view FilterText(int32_t column) const;
 
     /// The record of a row; an empty one outside the outline.
@@ -96,7 +98,7 @@ private:
     struct Filter {
         std::wstring text;  // empty: the column has none
         OutlineFilter passes;
-        OutlineLook passesAsItStands;
+        OutlineSearch search;
 
         [[nodiscard]] bool Passes(std::wstring& shown) const {
             return text.empty() || !passes || passes(shown);
@@ -112,6 +114,8 @@ private:
 
     [[nodiscard]] bool IsFiltered() const;
     void MarkMatches();
+    [[nodiscard]] bool CanSearchWholeText() const;
+    void MarkHitsInText();
     [[nodiscard]] bool ValuePasses(int32_t node, std::wstring& text) const;
     [[nodiscard]] bool AttributeValuePasses(int32_t attribute, std::wstring& text) const;
     [[nodiscard]] bool MarkAttributes(int32_t node, std::wstring& text);

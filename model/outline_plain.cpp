@@ -61,6 +61,26 @@ std::optional<std::wstring_view> PlainXml(const XmlDocument& document, int32_t n
 
 }  // namespace
 
+size_t FindUnit(std::wstring_view text, size_t from, wchar_t unit) {
+    size_t at = from;
+    if constexpr (sizeof(wchar_t) == 2) {
+        const __m128i wanted = _mm_set1_epi16(static_cast<int16_t>(unit));
+        for (; at + 8 <= text.size(); at += 8) {
+            const __m128i units =
+                _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
+            if (_mm_movemask_epi8(_mm_cmpeq_epi16(units, wanted)) != 0) {
+                break;
+            }
+        }
+    }
+    for (; at < text.size(); ++at) {
+        if (text[at] == unit) {
+            return at;
+        }
+    }
+    return std::wstring_view::npos;
+}
+
 std::optional<std::wstring_view> OutlineTree::PlainValue(int32_t node) const {
     if (json_ != nullptr) {
         return json_->edits.empty() ? PlainJson(*json_, node) : std::nullopt;

@@ -78,6 +78,9 @@ private:
     std::vector<OpenNode> open_;  // from the root to the parent of the next node
 };
 
+/// The next place of a unit, `from` or behind it; npos when there is none.
+[[nodiscard]] size_t FindUnit(std::wstring_view text, size_t from, wchar_t unit);
+
 /// Each run of CR, LF and TAB becomes one blank.
 void FoldOntoOneLine(std::wstring& text);
 

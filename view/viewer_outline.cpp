@@ -161,17 +161,17 @@ void Viewer::FilterOutline(int column, const std::wstring& text) {
     const bool caseSensitive = settings::IsOn(settings::kFilterCaseSensitive);
     const OutlineRow row = ChosenOutlineRow();
     const ColumnFilter filter = CompileFilter(text, caseSensitive);
-    OutlineLook look;
+    OutlineSearch search;
     if (const TextNeedle needle(filter.operand, caseSensitive);
         filter.op == 0 && needle.IsUsable()) {
-        look = [needle](std::wstring_view shown) { return needle.IsIn(shown); };
+        search = [needle](std::wstring_view in, size_t from) { return needle.FindIn(in, from); };
     }
     document_.outline->SetFilter(
         column, text,
         [filter, caseSensitive](std::wstring& shown) {
             return MatchesFilter(filter, shown, caseSensitive);
         },
-        std::move(look));
+        std::move(search));
     OutlineChanged(document_.outline->RowOf(row.node, AttributeOf(row)));
 }
 

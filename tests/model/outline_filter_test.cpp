@@ -111,20 +111,24 @@ TEST(OutlineFilter, TestsTheTextsThatAreShown) {
     EXPECT_EQ(Shown(nodes), L"-#document\n -r=x& y\n");
 }
 
-TEST(OutlineFilter, LooksAtTextsWhereTheyStandWithTheSameAnswer) {
+TEST(OutlineFilter, SearchesTextsWhereTheyStandWithTheSameAnswer) {
     const auto json = JsonOf(
-        L"{\"a\":\"x long enough for eight and more z\",\"b\":\"x\\u007a\","
-        L"\"c\":\"x\\nz\",\"d\":\"x\tz\",\"e\":123456789,\"f\":[true],\"g\":\"\"}");
-    const auto xml =
-        XmlOf(L"<r a='xz' b='x&#122;' c='x\nz'><e>x z</e><f>x&#122;</f><g>x<![CDATA[z]]></g>"
-            L"<h>x\nz</h><i/><j>x<k/>z</j></r>");
-    for (const std::wstring wanted : {L"z", L"x z", L"xz", L"9", L"tru", L"&", L"\\", L"122"}) {
-        const auto holds = [&](std::wstring_view text) {
-            return text.find(wanted) != std::wstring_view::npos;
-        };
-        const auto rowsOf = [&](TreeTableView outline, bool look) {
-            outline.SetFilter(1, wanted, Contains(wanted),
-                              look ? OutlineLook(holds) : OutlineLook());
+        L"{\"a\":\"x long enough for eight and more z\",\"b\":\"x\\u007a\",\"xz\":[[],{}],"
+        L"\"c\":\"x\nz\",\"d\":\"x\tz\",\"e\":123456789,\"f\":[true,\"trux\",null],\"g\":\"\","
+        L"\"h\":\"\\\\ 9z\",\"z9\":-9}");
+    const auto xml = XmlOf(
+        L"<r a='xz' b='x&#122;' c='x\nz'><e>x z</e><f>x&#122;</f><g>x<![CDATA[z]]></g>"
+        L"<h>x\nz</h><i/><j>x<k/>z</j></r>");
+    for (const std::wstring wanted :
+         {L"z", L"x z", L"xz", L"9", L"tru", L"&", L"\\", L"122", L"u007a", L"\"", L"-9", L"n"}) {
+        const auto rowsOf = [&](TreeTableView outline, bool fast) {
+            OutlineSearch search;
+            if (fast) {
+                search = [wanted](std::wstring_view text, size_t from) {
+                    return text.find(wanted, from);
+                };
+            }
+            outline.SetFilter(1, wanted, Contains(wanted), std::move(search));
             std::wstring all;
             for (int32_t row = 0; row < outline.RowCount(); ++row) {
                 all += outline.NameText(row) + L"=" + outline.ValueText(row) + L";";

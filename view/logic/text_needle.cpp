@@ -58,19 +58,23 @@ bool TextNeedle::MatchesAt(const wchar_t* place) const {
 }
 
 bool TextNeedle::IsIn(std::wstring_view text) const {
+    return FindIn(text, 0) != std::wstring_view::npos;
+}
+
+size_t TextNeedle::FindIn(std::wstring_view text, size_t from) const {
     if (text.size() < wanted_.size()) {
-        return false;
+        return std::wstring_view::npos;
     }
     const size_t count = text.size() - wanted_.size() + 1;
     const wchar_t* firstUnit = text.data() + firstAt_;
     const size_t distance = lastAt_ - firstAt_;
-    for (size_t at = FindPlace(firstUnit, 0, count, distance, first_, last_); at < count;
-         at = FindPlace(firstUnit, at + 1, count, distance, first_, last_)) {
+    for (size_t at = FindPlace(firstUnit, std::min(from, count), count, distance, first_, last_);
+         at < count; at = FindPlace(firstUnit, at + 1, count, distance, first_, last_)) {
         if (MatchesAt(text.data() + at)) {
-            return true;
+            return at;
         }
     }
-    return false;
+    return std::wstring_view::npos;
 }
 
 bool TextNeedle::Holds(wchar_t unit) const {

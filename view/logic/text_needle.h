@@ -71,6 +71,9 @@ public:
     /// Whether the text occurs, in any letter case unless case counts.
     [[nodiscard]] bool IsIn(std::wstring_view text) const;
 
+    /// Where the text stands next, `from` or behind it; npos when it does not.
+    [[nodiscard]] size_t FindIn(std::wstring_view text, size_t from) const;
+
     /// Whether a unit, in any letter case unless case counts, is part of the text.
     [[nodiscard]] bool Holds(wchar_t unit) const;
 
