@@ -40,21 +40,25 @@ bool Fill(const std::wstring& path, std::string_view bytes, const FileWriterCall
 
 enum class Outcome { Replaced, Untouched, OldIsGone };
 
+bool IsMissing(const std::wstring& path) {
+    return GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES;
+}
+
 /// Replacing keeps attributes and security; moving is for file systems that cannot do that. A
 /// replacement may fail between its two halves, when the old file is gone and the new one still has
-/// its temporary name: should moving fail as well, that is the only copy.
+/// its temporary name: should moving fail as well, that is the only copy. More than one error tells
+/// of that, so what counts is whether the old file is there.
 Outcome PutInPlace(const std::wstring& temporary, const std::wstring& path,
                    const FileWriterCalls& calls) {
     if (calls.replace(path.c_str(), temporary.c_str(), nullptr, REPLACEFILE_WRITE_THROUGH, nullptr,
                       nullptr)) {
         return Outcome::Replaced;
     }
-    const bool isHalfDone = GetLastError() == ERROR_UNABLE_TO_MOVE_REPLACEMENT;
     if (calls.move(temporary.c_str(), path.c_str(),
                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
         return Outcome::Replaced;
     }
-    return isHalfDone ? Outcome::OldIsGone : Outcome::Untouched;
+    return IsMissing(path) ? Outcome::OldIsGone : Outcome::Untouched;
 }
 
 }  // namespace

@@ -26,6 +26,7 @@ enum class Step { MakeTemporary, Open, Write, Flush, Replace, Move, Remove };
 struct Faults {
     std::set<Step> failing;
     DWORD replaceError = ERROR_UNABLE_TO_REMOVE_REPLACED;
+    bool replaceLosesTarget = false;
     bool shortWrite = false;
     int callsUntilDeath = -1;  // the process ends before the call that makes it 0
 
@@ -91,6 +92,9 @@ BOOL WINAPI Replace(LPCWSTR target, LPCWSTR replacement, LPCWSTR backup, DWORD f
                     LPVOID b) {
     faults->backup = backup;
     faults->replaceFlags = flags;
+    if (faults->replaceLosesTarget) {
+        DeleteFileW(target);
+    }
     return Meet(Step::Replace) ? FailWith(faults->replaceError, FALSE)
                                : ReplaceFileW(target, replacement, backup, flags, a, b);
 }
@@ -250,11 +254,25 @@ TEST_F(FileWriter, CleansUpWhereNothingReplacesTheTarget) {
 }
 
 TEST_F(FileWriter, KeepsTheOnlyCopyWhereTheSystemLostTheOldOne) {
+    for (const DWORD error :
+         {ERROR_UNABLE_TO_MOVE_REPLACEMENT, ERROR_UNABLE_TO_MOVE_REPLACEMENT_2}) {
+        folder.Write(L"data.csv", kOld);
+        faults.calls.clear();
+        faults.failing = {Step::Replace, Step::Move};
+        faults.replaceError = error;
+        faults.replaceLosesTarget = true;
+        EXPECT_FALSE(Save());
+        EXPECT_EQ(faults.calls.back(), Step::Move) << error;
+        EXPECT_EQ(folder.Read(std::filesystem::path(faults.temporary).filename().wstring()), kNew);
+    }
+}
+
+TEST_F(FileWriter, KeepsNoCopyWhereTheOldOneIsStillThere) {
     faults.failing = {Step::Replace, Step::Move};
     faults.replaceError = ERROR_UNABLE_TO_MOVE_REPLACEMENT;
     EXPECT_FALSE(Save());
-    EXPECT_EQ(faults.calls.back(), Step::Move);
-    EXPECT_EQ(folder.Read(std::filesystem::path(faults.temporary).filename().wstring()), kNew);
+    EXPECT_EQ(faults.calls.back(), Step::Remove);
+    ExpectUntouched();
 }
 
 TEST_F(FileWriter, RefusesContentThatOneCallCannotWrite) {
