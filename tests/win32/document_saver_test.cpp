@@ -214,5 +214,42 @@ TEST(SaveNodeDocuments, WritesXmlInItsEncoding) {
     EXPECT_EQ(folder.Read(L"a.xml"), "\xEF\xBB\xBF<r a='\xE2\x82\xAC'>\r\n</r>");
 }
 
+TEST(SaveNodeDocuments, WritesXmlInThePageItDeclares) {
+    const std::string before = "<?xml version='1.0' encoding='ISO-8859-1'?><r a='1'/>";
+    const TempFolder folder;
+    const std::wstring path = folder.Write(L"a.xml", before);
+    std::wstring error;
+    const auto document = LoadXmlDocument(path, 0, {.honourXmlDeclaration = true}, error);
+    ASSERT_NE(document, nullptr);
+    ASSERT_EQ(document->encoding.name, L"UTF-8");
+    ASSERT_TRUE(document->SetValue(XmlDocument::AttributeRef(1, 0), L"\x0416"));
+    EXPECT_FALSE(document->Save(path));
+    EXPECT_EQ(folder.Read(L"a.xml"), before);
+    for (const auto& [value, bytes] :
+         {std::pair(L"\x00E9", "\xE9"), std::pair(L"e", "e"), std::pair(L"\x00E8", "\xE8")}) {
+        ASSERT_TRUE(document->SetValue(XmlDocument::AttributeRef(1, 0), value));
+        EXPECT_TRUE(document->Save(path));
+        EXPECT_EQ(folder.Read(L"a.xml"),
+                  "<?xml version='1.0' encoding='ISO-8859-1'?><r a='"s + bytes + "'/>");
+    }
+}
+
+TEST(SaveNodeDocuments, WritesXmlAsUtf8WhereNothingElseIsMeant) {
+    for (const std::string head :
+         {"<?xml version='1.0' encoding='utf-8'?>", "<?xml version='1.0'?>",
+          "<?xml version='1.0' encoding='x'?>", "\xEF\xBB\xBF<?xml encoding='ISO-8859-1'?>",
+          "<?xml encoding='ISO-8859-1'?><!--\xC3\xA4-->"}) {
+        const TempFolder folder;
+        const std::wstring path = folder.Write(L"a.xml", head + "<r a='1'/>");
+        std::wstring error;
+        const auto document = LoadXmlDocument(path, 0, {.honourXmlDeclaration = true}, error);
+        ASSERT_NE(document, nullptr);
+        const auto node = static_cast<int32_t>(document->nodes.size() - 1);
+        ASSERT_TRUE(document->SetValue(XmlDocument::AttributeRef(node, 0), L"\x00E9"));
+        EXPECT_TRUE(document->Save(path));
+        EXPECT_EQ(folder.Read(L"a.xml"), head + "<r a='\xC3\xA9'/>");
+    }
+}
+
 }  // namespace
 }  // namespace rl::test
