@@ -102,8 +102,10 @@ void SourcePainter::DrawLine(HDC dc, const SourcePicture& picture, int32_t line)
     if (breakSelected && line + 1 < page.lineCount) {
         const int left = page.ColumnLeft(plan_.EndColumn());
         const int seen = std::max(left, page.GutterWidth());
-        FillSolid(dc, {seen, top, left + page.cell.width - seen, page.cell.height},
-                  picture.colors.selectionBack);
+        const int width = left + page.cell.width - seen;
+        if (width > 0) {  // else it is scrolled out, and a negative width would fill leftwards
+            FillSolid(dc, {seen, top, width, page.cell.height}, picture.colors.selectionBack);
+        }
     }
 }
 

@@ -113,6 +113,20 @@ TEST(SourceViewPainting, NeverWritesTextOverTheGutter) {
     EXPECT_GT(pixels.Count(window.Cell(0, 0), kColors.attribute), 3);
 }
 
+TEST(SourceViewPainting, NeverShowsABreakOverTheGutter) {
+    SourceWindow window(L"ab\n" + std::wstring(200, L'M'));
+    window.view.SelectRange(0, 5);
+    for (int column = 0; column < 8; ++column) {
+        window.Send(WM_HSCROLL, SB_LINERIGHT);
+    }
+    window.Paint();
+    const Pixels pixels(window.view.Window());
+
+    EXPECT_EQ(
+        pixels.Count({0, 0, 3 * window.CharWidth(), window.LineHeight()}, kColors.selectionBack),
+        0);
+}
+
 TEST(SourceViewPainting, CutsALineAfter65536Characters) {
     SourceWindow window(std::wstring(65'536, L'M') + std::wstring(100, L'M'));
     window.Send(WM_HSCROLL, SB_RIGHT);

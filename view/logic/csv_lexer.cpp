@@ -29,7 +29,7 @@ std::wstring_view Trimmed(std::wstring_view run) {
     return run;
 }
 
-/// A sign, then a digit, then digits with one point or comma among them.
+/// A sign or none, then digits with at most one point or comma anywhere among them, blanks around.
 bool LooksLikeNumber(std::wstring_view run) {
     std::wstring_view rest = Trimmed(run);
     if (!rest.empty() && (rest.front() == L'+' || rest.front() == L'-')) {
