@@ -19,7 +19,7 @@ enum class Utf8Outcome { Done, NotUtf8, Failed };
 /// Nearly every file: converted piece by piece while it is read, its bytes never whole in memory.
 Utf8Outcome ReadUtf8(const std::wstring& path, int64_t sizeLimit, const EncodingRequest& request,
                      const AbandonCheck& abandoned, std::wstring& text, TextEncoding& found,
-                     std::wstring& error) {
+                     std::wstring& error, std::optional<FileStamp>* stamp) {
     std::optional<Utf8Stream> stream;
     bool fits = true;
     const auto take = [&](std::string_view piece, size_t fileSize) {
@@ -31,7 +31,7 @@ Utf8Outcome ReadUtf8(const std::wstring& path, int64_t sizeLimit, const Encoding
         fits = fits && stream->Feed(piece);
         return fits;
     };
-    if (!ReadFileInPieces(path, sizeLimit, take, error, abandoned)) {
+    if (!ReadFileInPieces(path, sizeLimit, take, error, abandoned, stamp)) {
         return fits ? Utf8Outcome::Failed : Utf8Outcome::NotUtf8;
     }
     if (!stream->Finish()) {
@@ -45,14 +45,14 @@ Utf8Outcome ReadUtf8(const std::wstring& path, int64_t sizeLimit, const Encoding
 /// be opened is decided by what exists at the same time.
 bool ReadText(const std::wstring& path, int64_t sizeLimit, const EncodingRequest& request,
               const AbandonCheck& abandoned, std::wstring& text, TextEncoding& found,
-              std::wstring& error) {
-    switch (ReadUtf8(path, sizeLimit, request, abandoned, text, found, error)) {
+              std::wstring& error, std::optional<FileStamp>* stamp) {
+    switch (ReadUtf8(path, sizeLimit, request, abandoned, text, found, error, stamp)) {
         case Utf8Outcome::Done: return true;
         case Utf8Outcome::Failed: return false;
         case Utf8Outcome::NotUtf8: break;
     }
     std::string bytes;
-    if (!ReadFileLimited(path, sizeLimit, bytes, error, abandoned)) {
+    if (!ReadFileLimited(path, sizeLimit, bytes, error, abandoned, stamp)) {
         return false;
     }
     text = DecodeText(bytes, request, found, abandoned);
@@ -78,10 +78,11 @@ bool IsNamedLines(std::wstring_view path) {
 
 std::unique_ptr<CsvModel> LoadCsv(const std::wstring& path, int64_t sizeLimit,
                                   const CsvOptions& options, const EncodingRequest& request,
-                                  std::wstring& error, const AbandonCheck& abandoned) {
+                                  std::wstring& error, const AbandonCheck& abandoned,
+                                  std::optional<FileStamp>* stamp) {
     auto model = std::make_unique<CsvModel>();
     std::wstring text;
-    if (!ReadText(path, sizeLimit, request, abandoned, text, model->encoding, error) ||
+    if (!ReadText(path, sizeLimit, request, abandoned, text, model->encoding, error, stamp) ||
         IsAbandoned(abandoned)) {
         return nullptr;
     }
@@ -100,10 +101,11 @@ std::unique_ptr<CsvModel> LoadCsv(const std::wstring& path, int64_t sizeLimit,
 
 std::unique_ptr<JsonDocument> LoadJsonDocument(const std::wstring& path, int64_t sizeLimit,
                                                int32_t parseMode, const EncodingRequest& request,
-                                               std::wstring& error, const AbandonCheck& abandoned) {
+                                               std::wstring& error, const AbandonCheck& abandoned,
+                                               std::optional<FileStamp>* stamp) {
     auto document = std::make_unique<JsonDocument>();
     std::wstring text;
-    if (!ReadText(path, sizeLimit, request, abandoned, text, document->encoding, error) ||
+    if (!ReadText(path, sizeLimit, request, abandoned, text, document->encoding, error, stamp) ||
         IsAbandoned(abandoned)) {
         return nullptr;
     }
@@ -123,10 +125,11 @@ std::unique_ptr<JsonDocument> LoadJsonDocument(const std::wstring& path, int64_t
 
 std::unique_ptr<XmlDocument> LoadXmlDocument(const std::wstring& path, int64_t sizeLimit,
                                              const EncodingRequest& request, std::wstring& error,
-                                             const AbandonCheck& abandoned) {
+                                             const AbandonCheck& abandoned,
+                                             std::optional<FileStamp>* stamp) {
     auto document = std::make_unique<XmlDocument>();
     std::wstring text;
-    if (!ReadText(path, sizeLimit, request, abandoned, text, document->encoding, error) ||
+    if (!ReadText(path, sizeLimit, request, abandoned, text, document->encoding, error, stamp) ||
         IsAbandoned(abandoned)) {
         return nullptr;
     }

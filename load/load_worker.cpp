@@ -32,15 +32,15 @@ void LoadInto(detail::LoadedDoc& doc, const LoadJob& job) {
     switch (job.kind) {
         case DocumentKind::Csv:
             doc.csvModel = LoadCsv(job.path, options.sizeLimit, options.csv, options.encoding,
-                                   doc.error, abandoned);
+                                   doc.error, abandoned, &doc.stamp);
             return;
         case DocumentKind::Json:
             doc.jsonDoc = LoadJsonDocument(job.path, options.sizeLimit, options.parseMode,
-                                           options.encoding, doc.error, abandoned);
+                                           options.encoding, doc.error, abandoned, &doc.stamp);
             return;
         case DocumentKind::Xml:
             doc.xmlDoc = LoadXmlDocument(job.path, options.sizeLimit, options.encoding, doc.error,
-                                         abandoned);
+                                         abandoned, &doc.stamp);
             return;
     }
 }

@@ -7,8 +7,10 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "load/files/file_stamp.h"
 #include "load/text/text_encoding.h"
 #include "model/csv_model.h"
 #include "model/json_document.h"
@@ -20,6 +22,7 @@ struct LoadedDoc {
     std::unique_ptr<CsvModel> csvModel;  // one of the three, or none
     std::unique_ptr<JsonDocument> jsonDoc;
     std::unique_ptr<XmlDocument> xmlDoc;
+    std::optional<FileStamp> stamp;       // of the file that was read
     std::wstring error;                   // one sentence for the user when there is no model
     std::atomic<bool> abandoned = false;  // the viewer no longer wants the result
 

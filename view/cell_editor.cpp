@@ -3,15 +3,20 @@
 // Needs the types of windows.h.
 #include <commctrl.h>
 
+#include <exception>
 #include <utility>
 
 #include "view/control.h"
+#include "view/logic/edit_rules.h"
 
 namespace rl {
 namespace {
 
 /// Posted by an editor to itself: the focus is to come back to it.
 constexpr UINT kTakeFocus = WM_APP + 110;
+
+/// What Ctrl and the backspace key type. No text, though edit controls take it for one.
+constexpr WPARAM kDelete = 0x7F;
 
 /// Units below the blank are no text but keys; these are for the editor itself.
 bool IsEditingUnit(WPARAM unit) {
@@ -20,15 +25,47 @@ bool IsEditingUnit(WPARAM unit) {
     constexpr WPARAM kCtrlV = 22;
     constexpr WPARAM kCtrlX = 24;
     constexpr WPARAM kCtrlZ = 26;
-    return unit >= L' ' || unit == VK_BACK || unit == kCtrlA || unit == kCtrlC || unit == kCtrlV ||
-           unit == kCtrlX || unit == kCtrlZ;
+    return (unit >= L' ' && unit != kDelete) || unit == VK_BACK || unit == kCtrlA ||
+           unit == kCtrlC || unit == kCtrlV || unit == kCtrlX || unit == kCtrlZ;
+}
+
+/// Takes away the selection or, without one, the word left of the caret and the blanks behind it.
+void DeleteWordLeft(HWND edit) try {
+    DWORD first = 0;
+    DWORD last = 0;
+    SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&first),
+                 reinterpret_cast<LPARAM>(&last));
+    if (first == last) {
+        const std::wstring text = WindowText(edit);
+        const size_t start = WordStartBefore(text, last);
+        SendMessageW(edit, EM_SETSEL, start, last);
+    }
+    SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
+} catch (
+    const std::exception&) {  // no memory for the text: the key must still not reach the control
+    MessageBeep(MB_ICONWARNING);
 }
 
 }  // namespace
 
+// Half an editor is none.
 bool CellEditor::Open(HWND parent, const RECT& place, const std::wstring& text, HFONT font,
                       ICellEditorListener& listener) {
     Close();
+    try {
+        if (OpenWindow(parent, place, text, font, listener)) {
+            return true;
+        }
+    } catch (const std::exception&) {
+        Close();
+        throw;
+    }
+    Close();
+    return false;
+}
+
+bool CellEditor::OpenWindow(HWND parent, const RECT& place, const std::wstring& text, HFONT font,
+                            ICellEditorListener& listener) {
     listener_ = &listener;
     window_ = CreateControl(parent, L"Edit", L"", WS_BORDER | ES_AUTOHSCROLL, kCellEditorId);
     if (window_ == nullptr) {
@@ -39,8 +76,10 @@ bool CellEditor::Open(HWND parent, const RECT& place, const std::wstring& text, 
     SetWindowTextW(window_, text.c_str());
     opened_ = WindowText(window_);
     MoveTo(place);
-    subclass_.Attach(window_,
-                     [this](HWND window, const Message& in) { return OnMessage(window, in); });
+    if (!subclass_.Attach(
+            window_, [this](HWND window, const Message& in) { return OnMessage(window, in); })) {
+        return false;
+    }
     SendMessageW(window_, EM_SETSEL, 0, -1);
     ShowWindow(window_, SW_SHOW);
     SetFocus(window_);
@@ -87,7 +126,11 @@ Answer CellEditor::OnMessage(HWND window, const Message& in) {
         case WM_GETDLGCODE:
             return DefSubclassProc(window, in.id, in.wparam, in.lparam) | DLGC_WANTALLKEYS;
         case WM_KEYDOWN: return OnKeyDown(in.wparam);
-        case WM_CHAR: return IsEditingUnit(in.wparam) ? std::nullopt : Answer(0);
+        case WM_CHAR:
+            if (in.wparam == kDelete) {
+                DeleteWordLeft(window);
+            }
+            return IsEditingUnit(in.wparam) ? std::nullopt : Answer(0);
         case WM_KILLFOCUS: {
             const LRESULT result = DefSubclassProc(window, in.id, in.wparam, in.lparam);
             listener_->OnEditorLeft(EditorLeft::ByFocus, reinterpret_cast<HWND>(in.wparam));

@@ -42,7 +42,8 @@ public:
     ~CellEditor() = default;
 
     /// Lays an editor with this text over a part of `parent`, all of it selected, and gives it the
-    /// focus. The font is borrowed. False when the system refuses.
+    /// focus. The font is borrowed. False when the system refuses; then, and when memory runs out,
+    /// none is open.
     bool Open(HWND parent, const RECT& place, const std::wstring& text, HFONT font,
               ICellEditorListener& listener);
     /// Takes it away; the focus is left to the caller. Harmless when none is open.
@@ -61,6 +62,8 @@ public:
     void ReturnWithReason(std::wstring reason);
 
 private:
+    bool OpenWindow(HWND parent, const RECT& place, const std::wstring& text, HFONT font,
+                    ICellEditorListener& listener);
     Answer OnMessage(HWND window, const Message& in);
     Answer OnKeyDown(WPARAM key);
 

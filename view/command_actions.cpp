@@ -9,7 +9,7 @@
 
 namespace rl {
 
-// Commands of outlines have no row here: there are no outlines yet.
+// One of many themes, delimiters, encodings has no row of its own.
 bool Viewer::RunCommand(UINT id) {
     struct Route {
         Command command;
@@ -139,7 +139,9 @@ void Viewer::OnToggleEdit(Command) {
 }
 
 void Viewer::OnSave(Command) {
-    (void)SaveDocument();
+    if (!asking_) {
+        (void)SaveDocument();
+    }
 }
 
 void Viewer::ChooseTheme(int index) {

@@ -87,6 +87,7 @@ Document DocumentOf(detail::LoadedDoc& doc, bool delimiterDetected) {
     made.json = std::move(doc.jsonDoc);
     made.xml = std::move(doc.xmlDoc);
     made.delimiterDetected = delimiterDetected;
+    made.stamp = doc.stamp;
     if (made.csv != nullptr) {
         made.encoding = made.csv->encoding;
     } else if (made.json != nullptr) {

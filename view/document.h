@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+#include "load/files/file_stamp.h"
 #include "load/loaded_doc.h"
 #include "load/text/text_encoding.h"
 #include "model/csv_model.h"
@@ -28,6 +29,7 @@ struct Document {
     std::unique_ptr<XmlDocument> xml;
     TextEncoding encoding;
     bool delimiterDetected = false;
+    std::optional<FileStamp> stamp;  // of the file as it was read, or written last
 
     // What the grid shows of JSON and XML: the outline, or one node as a table.
     std::unique_ptr<TreeTableView> outline;

@@ -166,6 +166,8 @@ public:
     void HideColumn(int gridColumn);
     void ShowAllColumns();
     [[nodiscard]] bool IsHidden(int dataColumn) const;
+    /// The model has lost a column; to be followed by ShowTable.
+    void ForgetColumn(int dataColumn) { columns_.Remove(dataColumn); }
     /// What Columns() was before another table was shown: before that of then is shown again.
     void RestoreColumns(GridColumns columns) noexcept;
 

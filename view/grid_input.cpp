@@ -160,7 +160,10 @@ Answer Grid::OnItemChanged(const NMLISTVIEW& note) {
 
 Answer Grid::OnColumnClick(const NMLISTVIEW& note) {
     if (CtrlIsDown()) {
-        HideColumn(note.iSubItem);
+        // First, as for a click on a cell: a text that waits to be corrected keeps its column.
+        if (!listener_->OnCellPressed(GridClick::Single, {-1, note.iSubItem})) {
+            HideColumn(note.iSubItem);
+        }
     } else {
         listener_->OnHeaderClick(note.iSubItem);
     }

@@ -11,13 +11,20 @@ std::wstring InQuotes(std::wstring_view text) {
     return quoted += L'"';
 }
 
+std::wstring_view NameOf(std::wstring_view path) {
+    const size_t separator = path.find_last_of(L"\\/");
+    return separator == path.npos ? path : path.substr(separator + 1);
+}
+
 }  // namespace
 
 std::wstring SaveQuestionText(std::wstring_view path, SaveReason reason) {
-    const size_t separator = path.find_last_of(L"\\/");
-    const std::wstring_view name = separator == path.npos ? path : path.substr(separator + 1);
-    return L"Save changes to " + InQuotes(name) + L" before " +
+    return L"Save changes to " + InQuotes(NameOf(path)) + L" before " +
            (reason == SaveReason::Closing ? L"closing?" : L"reloading?");
+}
+
+std::wstring OverwriteQuestionText(std::wstring_view path) {
+    return InQuotes(NameOf(path)) + L" has been changed by another program. Overwrite it?";
 }
 
 std::wstring DeleteColumnText(std::wstring_view header) {

@@ -1,4 +1,5 @@
-// The questions before something is lost: edits that are not saved, a column.
+// The questions before something is lost: edits that are not saved, what another
+// program has written, a column.
 //
 // User-interface thread only. A question pumps messages: whoever asks may be gone afterwards.
 #pragma once
@@ -15,6 +16,7 @@ enum class SaveReason { Closing, Reloading };
 
 /// Names the file without its folder.
 [[nodiscard]] std::wstring SaveQuestionText(std::wstring_view path, SaveReason reason);
+[[nodiscard]] std::wstring OverwriteQuestionText(std::wstring_view path);
 [[nodiscard]] std::wstring DeleteColumnText(std::wstring_view header);
 
 enum class DefaultButton { Yes, No };

@@ -149,6 +149,7 @@ private:
 
     // viewer_save.cpp
     bool AskToSave(SaveReason reason);
+    bool MayOverwrite();
     bool SaveDocument();
     void RereadSaved(std::wstring text);
 
@@ -164,6 +165,7 @@ private:
     void InsertRowBelow(Command command);
     void DeleteSelectedRows(Command command);
     void DeleteCurrentColumn(Command command);
+    void ShowWithoutColumn(int column, std::unique_ptr<RowView> rows, const UserPlace& place);
     void RefreshRows();
 
     // viewer_reload.cpp
@@ -331,7 +333,7 @@ private:
     TreePane tree_;
     EditedCell edited_;        // while the editor is open
     bool endingEdit_ = false;  // closing the editor takes its focus: that must not end it again
-    bool asking_ = false;      // the save question is on screen
+    bool asking_ = false;      // a question of saving is on screen
     CellFinder finder_;
     OutlineRow foundRow_;     // of the last hit in an outline
     int pendingFilter_ = -1;  // grid column whose filter waits for the typing to pause

@@ -1,5 +1,6 @@
 // Edit mode: the editor over a cell, rows and columns that come and go.
 #include <algorithm>
+#include <utility>
 
 #include "view/control.h"
 #include "view/flag_scope.h"
@@ -20,7 +21,9 @@ void Viewer::BeginCellEdit(GridCell cell) {
     const ITableModel& model = document_.rows->Model();
     const int modelRow = document_.rows->ModelRow(cell.viewRow);
     const int column = grid_.DataColumn(cell.gridColumn);
-    const bool isCell = modelRow >= 0 && column >= 0 && column < model.ColumnCount();
+    // A hidden column has no place to edit in.
+    const bool isCell = modelRow >= 0 && column >= 0 && column < model.ColumnCount() &&
+                        grid_.ColumnWidth(cell.gridColumn) > 0;
     switch (PlanEditStart({.kind = kind_,
                            .editMode = editMode_,
                            .isCell = isCell,
@@ -30,10 +33,13 @@ void Viewer::BeginCellEdit(GridCell cell) {
         case EditStart::Open: break;
     }
     grid_.BringIntoView(cell);
-    edited_ = {.viewRow = cell.viewRow,
-               .dataColumn = column,
-               .value = document_.ValueOf(modelRow, column)};
-    editor_.Open(grid_.Window(), grid_.CellBounds(cell), edited_.value, fonts_.normal.Get(), *this);
+    EditedCell edited{.viewRow = cell.viewRow,
+                      .dataColumn = column,
+                      .value = document_.ValueOf(modelRow, column)};
+    if (editor_.Open(grid_.Window(), grid_.CellBounds(cell), edited.value, fonts_.normal.Get(),
+                     *this)) {
+        edited_ = std::move(edited);
+    }
     UpdateStatusBar();
 }
 
@@ -155,32 +161,33 @@ void Viewer::PlaceEditor() {
     }
 }
 
-/// Rows came or went: filters and sort are applied anew.
+/// Rows came or went, in the model and in the view. The grid knows it first: what follows may run
+/// out of memory.
 void Viewer::RefreshRows() {
-    {
-        const WaitCursor waiting;
-        document_.rows->Rebuild();
-    }
     grid_.ClearTypeAhead();
     grid_.SelectOnly(-1);
-    grid_.SetCurrent({-1, grid_.Current().gridColumn});
     grid_.RowsChanged(true);
+    RefreshSource();
+    grid_.SetCurrent({-1, grid_.Current().gridColumn});
 }
 
+// The new row stays below the current one until filters or sort are applied again: it is empty and
+// would stand, or vanish, elsewhere before it is filled.
 void Viewer::InsertRowBelow(Command) {
     const GridCell cell = grid_.Current();
     CsvModel* const csv = document_.csv.get();
     const int modelRow = csv != nullptr ? document_.rows->ModelRow(cell.viewRow) : -1;
-    if (!MayChangeRows(kind_, editMode_) || modelRow < 0 || !csv->InsertRowBelow(modelRow)) {
+    if (!MayChangeRows(kind_, editMode_) || modelRow < 0) {
         return;
     }
+    document_.rows->MakeRoom();
+    if (!csv->InsertRowBelow(modelRow)) {
+        return;
+    }
+    document_.rows->RowInserted(cell.viewRow);
     const RedrawScope still(grid_.Window());
     RefreshRows();
-    // A filter may hide the new row; the row it stands below stays current then, where it can.
-    const int inserted = document_.rows->ViewRowOf(modelRow + 1);
-    const int row = inserted >= 0 ? inserted : document_.rows->ViewRowOf(modelRow);
-    grid_.GoTo({row >= 0 ? row : RowAfterDeletion(cell.viewRow, grid_.RowCount()),
-                std::max(cell.gridColumn, grid_.GridColumnOf(0))});
+    grid_.GoTo({cell.viewRow + 1, std::max(cell.gridColumn, grid_.GridColumnOf(0))});
     UpdateValuePane();
     UpdateStatusBar();
 }
@@ -199,6 +206,7 @@ void Viewer::DeleteSelectedRows(Command) {
     if (!document_.csv->DeleteRows(modelRows)) {
         return;
     }
+    document_.rows->RowsDeleted(modelRows);
     const int column = grid_.Current().gridColumn;
     const RedrawScope still(grid_.Window());
     RefreshRows();
@@ -214,15 +222,31 @@ void Viewer::DeleteCurrentColumn(Command) {
     if (!MayChangeRows(kind_, editMode_) || document_.csv == nullptr || column < 0 ||
         column >= document_.csv->ColumnCount() ||
         !AskYesNo(window_, DeleteColumnText(grid_.HeaderText(gridColumn)), DefaultButton::No) ||
-        IsGone() || !document_.csv->DeleteColumn(column)) {
+        IsGone()) {
         return;
     }
     UserPlace place = RememberPlace();
-    place.dataColumn = std::min(column, document_.csv->ColumnCount() - 1);
+    // Before the column goes: without memory for them nothing has happened.
     std::unique_ptr<RowView> rows = MakeRows(*document_.csv, settings_.headerRow);
+    if (!document_.csv->DeleteColumn(column)) {
+        return;
+    }
+    place.dataColumn = std::min(column, document_.csv->ColumnCount() - 1);
+    ShowWithoutColumn(column, std::move(rows), place);
+}
+
+// What was on view before does not fit any more: where showing the rest fails, nothing is shown.
+void Viewer::ShowWithoutColumn(int column, std::unique_ptr<RowView> rows, const UserPlace& place) {
     const RedrawScope still(window_);
+    grid_.ForgetColumn(column);
     std::swap(document_.rows, rows);
-    ShowRows(place);  // at once: the grid still refers to the rows before
+    try {
+        ShowRows(place);
+    } catch (const std::exception&) {
+        grid_.ShowTable(nullptr, {});
+        RefreshSource();
+        throw;
+    }
     RefreshSource();
 }
 

@@ -38,6 +38,9 @@ LRESULT CALLBACK Viewer::WindowProc(HWND window, UINT id, WPARAM wparam, LPARAM 
         answer = viewer->Handle({id, wparam, lparam});
     } catch (const std::exception&) {  // out of memory, or a text too long to hold
         MessageBeep(MB_ICONWARNING);
+        if (id == WM_CLOSE) {
+            return 0;  // the system's answer would destroy the window, unsaved edits and all
+        }
     }
     return answer ? *answer : DefWindowProcW(window, id, wparam, lparam);
 }

@@ -39,6 +39,16 @@ bool Viewer::AskToSave(SaveReason reason) {
     return !IsGone() && (!save || SaveDocument());
 }
 
+/// False when another program has written the file since it was read, and the user wants to keep
+/// that; or when the viewer is gone by now.
+bool Viewer::MayOverwrite() {
+    if (!IsOtherFile(document_.stamp, FileStampOf(path_))) {
+        return true;
+    }
+    const FlagScope guard(asking_);
+    return AskYesNo(window_, OverwriteQuestionText(path_), DefaultButton::No) && !IsGone();
+}
+
 bool Viewer::SaveDocument() {
     if (!EndCellEdit(true)) {
         return false;
@@ -46,12 +56,16 @@ bool Viewer::SaveDocument() {
     if (!document_.IsModified()) {
         return true;
     }
+    if (!MayOverwrite()) {
+        return false;
+    }
     std::wstring written;
     if (!Write(document_, path_, written)) {
         MessageBoxW(window_, messages::kNotSaved.data(), messages::kCaption.data(),
                     MB_OK | MB_ICONERROR);
         return false;
     }
+    document_.stamp = FileStampOf(path_);
     document_.ClearModified();
     document_.hasSavedEdits = true;
     if (document_.csv != nullptr) {

@@ -61,7 +61,8 @@ Outcome ReadExactly(HANDLE file, size_t size, std::string& bytes, const AbandonC
 }
 
 /// Opens a file that is not too large; no handle and a sentence otherwise.
-UniqueFile OpenLimited(const std::wstring& path, int64_t limit, size_t& size, std::wstring& error) {
+UniqueFile OpenLimited(const std::wstring& path, int64_t limit, size_t& size, std::wstring& error,
+                       std::optional<FileStamp>* stamp) {
     error.clear();
     UniqueFile file = OpenForReading(path);
     LARGE_INTEGER found{};
@@ -72,6 +73,9 @@ UniqueFile OpenLimited(const std::wstring& path, int64_t limit, size_t& size, st
     } else {
         error = SizeRefusal(found.QuadPart, limit);
         size = static_cast<size_t>(found.QuadPart);
+        if (stamp != nullptr) {
+            *stamp = FileStampOf(file.Get());
+        }
     }
     return error.empty() ? std::move(file) : UniqueFile();
 }
@@ -79,10 +83,11 @@ UniqueFile OpenLimited(const std::wstring& path, int64_t limit, size_t& size, st
 }  // namespace
 
 bool ReadFileLimited(const std::wstring& path, int64_t limit, std::string& bytes,
-                     std::wstring& error, const AbandonCheck& abandoned) {
+                     std::wstring& error, const AbandonCheck& abandoned,
+                     std::optional<FileStamp>* stamp) {
     Release(bytes);
     size_t size = 0;
-    const UniqueFile file = OpenLimited(path, limit, size, error);
+    const UniqueFile file = OpenLimited(path, limit, size, error, stamp);
     if (!file) {
         return false;
     }
@@ -95,11 +100,12 @@ bool ReadFileLimited(const std::wstring& path, int64_t limit, std::string& bytes
 }
 
 bool ReadFileInPieces(const std::wstring& path, int64_t limit, const TakePiece& take,
-                      std::wstring& error, const AbandonCheck& abandoned) {
+                      std::wstring& error, const AbandonCheck& abandoned,
+                      std::optional<FileStamp>* stamp) {
     // Small enough to stay in the processor's cache until it is converted.
     constexpr size_t kPiece = size_t{512} << 10;
     size_t size = 0;
-    const UniqueFile file = OpenLimited(path, limit, size, error);
+    const UniqueFile file = OpenLimited(path, limit, size, error, stamp);
     if (!file) {
         return false;
     }

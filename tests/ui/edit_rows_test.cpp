@@ -62,29 +62,45 @@ TEST(InsertRow, NeedsEditModeAndACurrentRow) {
     EXPECT_EQ(fresh.RowCount(), 3);
 }
 
-TEST(InsertRow, StaysWithTheFilterThatHidesTheNewRow) {
+TEST(InsertRow, ShowsTheNewRowUntilTheNextFilter) {
     UiHost host({.ini = kEditing});
     const Viewer viewer = host.OpenText(kTable);
     SetFocus(GetDlgItem(viewer.Window(), 2001));
     Type(L"o");
     ASSERT_EQ(viewer.RowCount(), 2);
-    ClickCell(viewer, 1, 0);
+    ClickCell(viewer, 0, 0);
     Choose(viewer, kInsertRow);
-    EXPECT_EQ(viewer.RowCount(), 2);
+    ASSERT_EQ(viewer.RowCount(), 3);
+    EXPECT_EQ(viewer.Row(1), (Texts{L"", L""}));
+    EXPECT_EQ(viewer.Row(2), (Texts{L"bob", L"oslo"}));
     EXPECT_EQ(viewer.Status(4), L" 2:1 EDIT *");
-    EXPECT_EQ(viewer.Status(3), L" Rows: 2/4");
+    EXPECT_EQ(viewer.Status(3), L" Rows: 3/4");
+    EXPECT_EQ(TextOf(GetDlgItem(viewer.Window(), 2001)), L"o");
+    SetFocus(GetDlgItem(viewer.Window(), 2001));
+    SendMessageW(GetDlgItem(viewer.Window(), 2001), EM_SETSEL, 1, 1);
+    Type(L"s");
+    ASSERT_EQ(viewer.RowCount(), 1);
+    EXPECT_EQ(viewer.Cell(0, 0), L"bob");
 }
 
-TEST(InsertRow, FollowsTheNewRowInASortedView) {
+TEST(InsertRow, PutsTheNewRowBelowTheCurrentOneOfASortedView) {
     UiHost host({.ini = kEditing});
-    const Viewer viewer = host.OpenText(kTable);
+    const auto file = host.Write(L"a.csv", kTable);
+    const Viewer viewer = host.Open(file);
     Click(viewer.Header(), viewer.HeaderCenter(1));
-    ClickCell(viewer, 2, 1);
+    ASSERT_EQ(viewer.Cell(0, 0), L"cid");
+    ClickCell(viewer, 0, 1);
     Choose(viewer, kInsertRow);
     ASSERT_EQ(viewer.RowCount(), 4);
-    const int row = viewer.FocusedRow();
-    EXPECT_EQ(viewer.Row(row), (Texts{L"", L""}));
-    EXPECT_EQ(viewer.Status(4), L" " + std::to_wstring(row + 1) + L":2 EDIT *");
+    EXPECT_EQ(viewer.Row(0), (Texts{L"cid", L"bern"}));
+    EXPECT_EQ(viewer.Row(1), (Texts{L"", L""}));
+    EXPECT_EQ(viewer.Row(2), (Texts{L"bob", L"oslo"}));
+    EXPECT_EQ(viewer.Row(3), (Texts{L"ann", L"rome"}));
+    EXPECT_EQ(viewer.Status(4), L" 2:2 EDIT *");
+    EditCell(viewer, 1, 1, L"zug");
+    EXPECT_EQ(viewer.Cell(1, 1), L"zug") << "stays while it is filled";
+    Key('S', {VK_CONTROL});
+    EXPECT_EQ(BytesOf(file), "name,city\nann,rome\nbob,oslo\ncid,bern\n,zug");
 }
 
 TEST(DeleteRows, TakesAllSelectedRowsWithoutAsking) {
@@ -205,6 +221,34 @@ TEST(DeleteColumn, ShowsTheTableAnewUnsortedAndUnfiltered) {
     EXPECT_EQ(GetDlgItem(viewer.Window(), 2002), nullptr);
     Key('S', {VK_CONTROL});
     EXPECT_EQ(BytesOf(file), "a,c\n3,1\n1,2\n2,3\n");
+}
+
+TEST(DeleteColumn, LeavesTheSameColumnsHidden) {
+    UiHost host({.ini = kEditing});
+    const Viewer viewer = host.OpenText("a,b,c,d\n1,2,3,4\n");
+    Click(viewer.Header(), viewer.HeaderCenter(2), {VK_CONTROL});
+    ASSERT_EQ(viewer.Width(2), 0);
+    ClickCell(viewer, 0, 0);
+    TheFakes().boxAnswer = IDYES;
+    Choose(viewer, kDeleteColumn);
+    ASSERT_EQ(viewer.Headers(), (Texts{L"b", L"c", L"d"}));
+    EXPECT_GT(viewer.Width(0), 0);
+    EXPECT_EQ(viewer.Width(1), 0);
+    EXPECT_GT(viewer.Width(2), 0);
+}
+
+TEST(DeleteColumn, NeverShowsWhatIsNoMoreWhenMemoryRunsOut) {
+    UiHost host({.ini = kEditing});
+    const auto file = host.Write(L"a.csv", kTable);
+    const Viewer viewer = host.Open(file);
+    ClickCell(viewer, 0, 0);
+    TheFakes().boxAnswer = IDYES;
+    TheFakes().memoryFailsAfterMeasuring = true;
+    Choose(viewer, kDeleteColumn);
+    ASSERT_TRUE(IsWindow(viewer.Window()));
+    EXPECT_TRUE(viewer.ColumnCount() == 0 || viewer.Headers() == Texts{L"city"});
+    Key('S', {VK_CONTROL});
+    EXPECT_EQ(BytesOf(file), "city\nrome\noslo\nbern\n");
 }
 
 TEST(DeleteColumn, NamesAColumnWithoutAHeader) {

@@ -116,7 +116,7 @@ protected:
             }
             test::Key('X', {VK_CONTROL});
             std::erase_if(rows_, [&](const Texts& row) { return gone.contains(row[0]); });
-            RowsRead();
+            std::erase_if(visible_, [&](const std::wstring& key) { return gone.contains(key); });
         }
     }
     void Filter() { SetFilter(Below(3) == 0 ? L"" : L"o"); }

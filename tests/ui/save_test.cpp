@@ -302,6 +302,18 @@ TEST(SaveQuestion, IsNotAskedTwiceAtOnce) {
     EXPECT_FALSE(it.IsAlive());
 }
 
+TEST(SaveQuestion, KeepsTheViewerWhenMemoryRunsOutBeforeIt) {
+    const Opened it;
+    it.Edit();
+    TheFakes().memoryFailsOnce = true;
+    SendMessageW(it.viewer.Window(), WM_CLOSE, 0, 0);
+    ASSERT_TRUE(it.IsAlive());
+    EXPECT_TRUE(TheFakes().boxes.empty());
+    EXPECT_EQ(it.viewer.Cell(1, 1), L"paris");
+    Key('S', {VK_CONTROL});
+    EXPECT_EQ(it.Bytes(), kEdited);
+}
+
 TEST(SaveQuestion, SurvivesAHostThatDestroysTheViewerMeanwhile) {
     const Opened it;
     it.Edit();

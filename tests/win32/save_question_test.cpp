@@ -18,6 +18,11 @@ TEST(SaveQuestionText, NamesTheFileWithoutItsFolder) {
               L"Save changes to \"bare\" before closing?");
 }
 
+TEST(SaveQuestionText, SaysWhoseContentWouldGo) {
+    EXPECT_EQ(OverwriteQuestionText(L"C:\\dir/data.csv"),
+              L"\"data.csv\" has been changed by another program. Overwrite it?");
+}
+
 TEST(SaveQuestionText, QuotesTheColumn) {
     EXPECT_EQ(DeleteColumnText(L"Price"), L"Delete column \"Price\"?");
 }

@@ -23,6 +23,18 @@ EditEnd PlanEditEnd(const EditorTexts& texts) {
     return texts.opened == texts.value ? EditEnd::Store : EditEnd::Refuse;
 }
 
+size_t WordStartBefore(std::wstring_view text, size_t caret) {
+    const auto isBlank = [](wchar_t unit) { return unit == L' ' || unit == L'\t'; };
+    size_t at = std::min(caret, text.size());
+    while (at > 0 && isBlank(text[at - 1])) {
+        --at;
+    }
+    while (at > 0 && !isBlank(text[at - 1])) {
+        --at;
+    }
+    return at;
+}
+
 int32_t RowAfterDeletion(int32_t firstDeleted, int32_t rowsLeft) {
     return std::min(firstDeleted, rowsLeft - 1);
 }

@@ -3,6 +3,7 @@
 // Decides only; whether a model takes a text is the model's own business.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -45,5 +46,8 @@ inline constexpr std::wstring_view kMultiLineValue = L"MULTI-LINE VALUE";
 /// The row that is current once rows are gone: the one now at the place of the first of them, else
 /// the last one; -1 when none is left.
 [[nodiscard]] int32_t RowAfterDeletion(int32_t firstDeleted, int32_t rowsLeft);
+
+/// Where the word begins that stands before a caret, with the blanks between them.
+[[nodiscard]] size_t WordStartBefore(std::wstring_view text, size_t caret);
 
 }  // namespace rl

@@ -51,6 +51,12 @@ void GridColumns::ShowAll() {
     hidden_.assign(hidden_.size(), false);
 }
 
+void GridColumns::Remove(int32_t dataColumn) {
+    if (HasData(dataColumn)) {
+        hidden_.erase(hidden_.begin() + dataColumn);
+    }
+}
+
 std::wstring GridHeaderText(const GridColumns& columns, const RowView& rows, int32_t gridColumn,
                             bool outlineInGrid) {
     if (columns.IsLineNumber(gridColumn)) {

@@ -47,6 +47,8 @@ public:
     /// Shows one column again; nothing happens where there is none.
     void Show(int32_t dataColumn);
     void ShowAll();
+    /// A data column is gone: those behind it move up, hidden or shown as they were.
+    void Remove(int32_t dataColumn);
 
 private:
     [[nodiscard]] int32_t Shift() const { return lineNumbers_ ? 1 : 0; }

@@ -108,6 +108,35 @@ void RowView::CollectRows(std::span<const ActiveFilter> active) {
     }
 }
 
+void RowView::MakeRoom() {
+    const size_t needed = visibleRows_.size() + 1;
+    if (visibleRows_.capacity() < needed) {
+        visibleRows_.reserve(needed + needed / 2);  // many are inserted one by one
+    }
+}
+
+void RowView::RowInserted(int32_t viewRow) noexcept {
+    const int32_t above = ModelRow(viewRow);
+    if (above < 0) {
+        return;
+    }
+    for (int32_t& row : visibleRows_) {
+        row += row > above ? 1 : 0;
+    }
+    visibleRows_.insert(visibleRows_.begin() + viewRow + 1, above + 1);
+}
+
+void RowView::RowsDeleted(std::span<const int32_t> modelRows) noexcept {
+    auto kept = visibleRows_.begin();
+    for (const int32_t row : visibleRows_) {
+        const auto found = std::ranges::lower_bound(modelRows, row);
+        if (found == modelRows.end() || *found != row) {
+            *kept++ = row - static_cast<int32_t>(found - modelRows.begin());
+        }
+    }
+    visibleRows_.erase(kept, visibleRows_.end());
+}
+
 int32_t RowView::VisibleRowCount() const {
     return static_cast<int32_t>(visibleRows_.size());
 }

@@ -30,6 +30,14 @@ public:
     /// Filters and sorts anew, after the model's content changed.
     void Rebuild();
 
+    /// Makes sure that RowInserted finds memory for one more row.
+    void MakeRoom();
+    /// The model has got a row directly below the one behind `viewRow`: it is shown there, whatever
+    /// filters and sort say, until they are applied again. Needs MakeRoom.
+    void RowInserted(int32_t viewRow) noexcept;
+    /// The model has lost these rows, in ascending order. The others stay as they are shown.
+    void RowsDeleted(std::span<const int32_t> modelRows) noexcept;
+
     [[nodiscard]] int32_t VisibleRowCount() const;
     /// The model row behind a view row; -1 outside the view.
     [[nodiscard]] int32_t ModelRow(int32_t viewRow) const;

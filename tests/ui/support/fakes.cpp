@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <shellapi.h>
 
 #include <cstdlib>
@@ -96,6 +97,40 @@ UINT_PTR WINAPI FakeSetTimer(HWND window, UINT_PTR id, UINT elapse, TIMERPROC pr
     return current->timersStandStill ? id : SetTimer(window, id, elapse, procedure);
 }
 
+HDWP WINAPI FakeDefer(HDWP batch, HWND window, HWND after, int x, int y, int width, int height,
+                      UINT flags) {
+    const bool isFilterBox = GetDlgCtrlID(window) >= 2000;
+    return isFilterBox && current->filterBatchFails
+               ? nullptr
+               : DeferWindowPos(batch, window, after, x, y, width, height, flags);
+}
+
+// Memory that runs out at one moment: texts are measured in the middle of showing a table.
+bool nextAllocationFails = false;
+
+BOOL WINAPI FakeMeasure(HDC dc, LPCWSTR text, int length, LPSIZE size) {
+    nextAllocationFails |= std::exchange(current->memoryFailsAfterMeasuring, false);
+    return GetTextExtentPoint32W(dc, text, length, size);
+}
+
+void* FakeMalloc(size_t size) {
+    const bool fails =
+        std::exchange(nextAllocationFails, false) | std::exchange(current->memoryFailsOnce, false);
+    return fails ? nullptr : std::malloc(size);
+}
+
+BOOL WINAPI FakeSubclass(HWND window, SUBCLASSPROC procedure, UINT_PTR id, DWORD_PTR data) {
+    return !current->failing.contains("SetWindowSubclass") &&
+           SetWindowSubclass(window, procedure, id, data);
+}
+
+/// Notes the call; true when it is to fail.
+bool Fails(const char* function) {
+    current->writes.emplace_back(function);
+    SetLastError(ERROR_ACCESS_DENIED);
+    return current->failing.contains(function);
+}
+
 UINT WINAPI FakeTemporary(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR name) {
     return Fails("GetTempFileNameW") ? 0 : GetTempFileNameW(folder, prefix, unique, name);
 }
@@ -144,6 +179,12 @@ void InstallFakes(HMODULE module) {
     tools::PatchImport(module, "DeferWindowPos", &FakeDefer);
     tools::PatchImport(module, "GetTextExtentPoint32W", &FakeMeasure);
     tools::PatchImport(module, "malloc", &FakeMalloc);
+    tools::PatchImport(module, "GetTempFileNameW", &FakeTemporary);
+    tools::PatchImport(module, "WriteFile", &FakeWrite);
+    tools::PatchImport(module, "FlushFileBuffers", &FakeFlush);
+    tools::PatchImport(module, "ReplaceFileW", &FakeReplace);
+    tools::PatchImport(module, "MoveFileExW", &FakeMove);
+    tools::PatchImport(module, "SetWindowSubclass", &FakeSubclass);
 }
 
 }  // namespace rl::test

@@ -53,6 +53,7 @@ struct Fakes {
     std::vector<StartedTimer> timers;        // every SetTimer
     bool filterBatchFails = false;           // DeferWindowPos of a filter box
     bool memoryFailsAfterMeasuring = false;  // the first malloc after a text was measured
+    bool memoryFailsOnce = false;            // the next malloc
     UINT dpi = 0;                            // 0: the system's own answer
     ULONGLONG clockOffset = 0;               // added to GetTickCount64, milliseconds
     bool clockStopped = false;               // it stands at 1,000,000 then, plus the offset
@@ -61,7 +62,7 @@ struct Fakes {
     std::atomic<bool> sizeFails{false};      // every GetFileSizeEx
     std::atomic<int> readsUntilEnd{-1};  // ReadFile answers the end of the file when 0 is reached
     std::atomic<int> reads{0};           // how often ReadFile was called
-    std::set<std::string> failing;       // functions that write files and are to fail, by name
+    std::set<std::string> failing;       // functions that are to fail, by name
     std::vector<std::string> writes;     // the functions that write files, as they were called
 };
 

@@ -76,5 +76,15 @@ TEST(EditRules, StayAtThePlaceOfTheFirstDeletedRow) {
     EXPECT_EQ(RowAfterDeletion(0, 0), -1);
 }
 
+TEST(WordStartBefore, TakesTheWordAndTheBlanksBehindIt) {
+    EXPECT_EQ(WordStartBefore(L"one two", 7), 4u);
+    EXPECT_EQ(WordStartBefore(L"one two  ", 9), 4u);
+    EXPECT_EQ(WordStartBefore(L"one two", 5), 4u);
+    EXPECT_EQ(WordStartBefore(L"one two", 4), 0u);
+    EXPECT_EQ(WordStartBefore(L"  ", 2), 0u);
+    EXPECT_EQ(WordStartBefore(L"one", 0), 0u);
+    EXPECT_EQ(WordStartBefore(L"", 5), 0u);
+}
+
 }  // namespace
 }  // namespace rl

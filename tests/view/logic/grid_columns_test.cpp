@@ -55,6 +55,22 @@ TEST(GridColumns, PutsTheLineNumbersInFront) {
     EXPECT_EQ(columns.GridColumn(-1), -1);
 }
 
+TEST(GridColumns, KeepsTheSameColumnsHiddenWhenOneGoes) {
+    GridColumns columns(4, true);
+    columns.Hide(0);
+    columns.Hide(2);
+    columns.Remove(1);
+    columns.Remove(7);
+    columns.Remove(-1);
+    ASSERT_EQ(columns.DataCount(), 3);
+    EXPECT_TRUE(columns.IsHidden(0));
+    EXPECT_TRUE(columns.IsHidden(1));
+    EXPECT_FALSE(columns.IsHidden(2));
+    columns.Remove(0);
+    EXPECT_TRUE(columns.IsHidden(0));
+    EXPECT_FALSE(columns.IsHidden(1));
+}
+
 TEST(GridColumns, HidesOnlyWhatExists) {
     GridColumns columns(2, true);
 

@@ -153,6 +153,33 @@ TEST(RowView, FollowsTheModelWhenItIsRebuilt) {
     EXPECT_EQ(RowsOf(view), (RowList{2, 0}));
 }
 
+TEST(RowView, ShowsAnInsertedRowBelowItsNeighbour) {
+    const MemoryTable table = MemoryTable::Column({L"b", L"a", L"c"});
+    RowView view(table, false);
+    view.SetSort(0, -1);  // c b a
+    view.MakeRoom();
+    view.RowInserted(1);
+    ASSERT_EQ(view.VisibleRowCount(), 4);
+    EXPECT_EQ(view.ModelRow(0), 3);
+    EXPECT_EQ(view.ModelRow(1), 0);
+    EXPECT_EQ(view.ModelRow(2), 1);
+    EXPECT_EQ(view.ModelRow(3), 2);
+    view.RowInserted(-1);
+    view.RowInserted(4);
+    EXPECT_EQ(view.VisibleRowCount(), 4);
+}
+
+TEST(RowView, ClosesUpWhereRowsWereDeleted) {
+    const MemoryTable table = MemoryTable::Column({L"b", L"a", L"d", L"c"});
+    RowView view(table, false);
+    view.SetSort(0, -1);  // d c b a
+    const int32_t gone[] = {0, 2};
+    view.RowsDeleted(gone);
+    ASSERT_EQ(view.VisibleRowCount(), 2);
+    EXPECT_EQ(view.ModelRow(0), 1);
+    EXPECT_EQ(view.ModelRow(1), 0);
+}
+
 TEST(RowView, SurvivesTheLossOfItsSortColumn) {
     MemoryTable table({{L"b", L"2"}, {L"a", L"1"}});
     RowView view(table, false);
