@@ -109,6 +109,7 @@ bool Grid::FitValueColumnOnce() {
         return false;
     }
     std::vector<int> widths;
+    widths.reserve(static_cast<size_t>(ColumnCount()));
     for (int column = 0; column < ColumnCount(); ++column) {
         widths.push_back(ColumnWidth(column));
     }
