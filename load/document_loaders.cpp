@@ -8,6 +8,7 @@
 #include "load/text/decode_text.h"
 #include "load/text/detect_encoding.h"
 #include "load/text/messages.h"
+#include "load/text/utf8_stream.h"
 #include "model/csv_scan.h"
 
 namespace rl {

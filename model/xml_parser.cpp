@@ -1,4 +1,5 @@
 #include "model/xml_parser.h"
+#include "model/name_hash.h"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +8,6 @@
 #include <utility>
 
 #include "load/text/cpu_features.h"
-#include "model/name_hash.h"
 #include "model/xml_marks.h"
 #include "model/xml_reader.h"
 #include "model/xml_run.h"
@@ -110,8 +110,10 @@ private:
 
     std::basic_string_view<Unit> text_;
     const std::vector<XmlNode>& nodes_;
-    std::vector<Entry> stack_;  // the document node first
-    size_t counted_ = 1;        // entries whose names are in `names_`; the document has none
+    int32_t innermost_ = 0;
+    int32_t lastChild_ = -1;
+    size_t depth_ = 0;    // open elements
+    size_t counted_ = 0;  // of them, the outermost ones whose names are in `names_`
     std::unordered_map<std::basic_string_view<Unit>, uint32_t, BasicNameHash<Unit>> names_;
 };
 

@@ -43,51 +43,7 @@ void TreePane::SetFont(HFONT font, int dpi) {
 }
 
 void TreePane::SetColors(const ThemeColors& colors) {
-    selectionText_ = colors.selectionText;
-    selectionBack_ = colors.selectionBack;
-    SetControlDark(window_, colors.dark);
-    Ask(window_, TVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(colors.text));
-    Ask(window_, TVM_SETBKCOLOR, 0, static_cast<LPARAM>(colors.back));
-    constexpr int kLineWeight = 100;
-    Ask(window_, TVM_SETLINECOLOR, 0,
-        static_cast<LPARAM>(MixColors(colors.back, colors.text, kLineWeight)));
-}
-
-void TreePane::Clear() noexcept {
-    const FlagScope own(selecting_);
-    if (window_ != nullptr) {
-        Ask(window_, TVM_DELETEITEM, 0, ToParam(TVI_ROOT));
-    }
-    below_ = nullptr;
-}
-
-void TreePane::Fill(ItemsBelow below) {
-    Clear();
-    below_ = std::move(below);
-    const RedrawScope still(window_);
-    const FlagScope own(selecting_);
-    InsertAll(TVI_ROOT, -1);
-    for (HTREEITEM item = Next(TVGN_ROOT, nullptr); item != nullptr; item = Next(TVGN_NEXT, item)) {
-        Populate(item);
-        Ask(window_, TVM_EXPAND, TVE_EXPAND, ToParam(item));
-    }
-}
-
-HTREEITEM TreePane::Insert(HTREEITEM parent, HTREEITEM after, const TreeItem& item) {
-    std::wstring label = item.label.substr(0, kMostLabel);
-    TVINSERTSTRUCTW insert{};
-    insert.hParent = parent;
-    insert.hInsertAfter = after;
-    insert.item.mask = TVIF_TEXT | TVIF_PARAM;
-    insert.item.pszText = label.data();
-    insert.item.lParam = LPARAM{item.node} + 1;  // 0 names no node
-    return reinterpret_cast<HTREEITEM>(
-        Ask(window_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
-}
-
-// Each behind the one before: to find the last one anew is a walk on some systems.
-void TreePane::InsertAll(HTREEITEM parent, int32_t node) {
-    if (!below_) {
+    if (window_ == nullptr) {
         return;
     }
     colors_ = colors;
@@ -146,18 +102,6 @@ int32_t TreePane::SelectedNode() const {
     return item == nullptr || DataOf(item) <= 0 ? -1 : static_cast<int32_t>(DataOf(item)) - 1;
 }
 
-// The system's colours for a selection without the focus cannot be read in a dark theme.
-LRESULT TreePane::OnDraw(NMTVCUSTOMDRAW& draw) const {
-    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) {
-        return CDRF_NOTIFYITEMDRAW;
-    }
-    if (draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && (draw.nmcd.uItemState & CDIS_SELECTED) != 0) {
-        draw.clrText = selectionText_;
-        draw.clrTextBk = selectionBack_;
-    }
-    return CDRF_DODEFAULT;
-}
-
 Answer TreePane::OnNotify(NMHDR& note) {
     const auto& tree = reinterpret_cast<const NMTREEVIEWW&>(note);
     switch (note.code) {
@@ -171,14 +115,6 @@ Answer TreePane::OnNotify(NMHDR& note) {
                 listener_->OnTreeNodeSelected(static_cast<int32_t>(DataOf(tree.itemNew.hItem)) - 1);
             }
             return 0;
-        case TVN_SELCHANGEDW: {
-            const int32_t node =
-                change.itemNew.hItem != nullptr ? NodeOf(change.itemNew.hItem) : -1;
-            if (!selecting_ && node >= 0) {
-                onSelect_(node);
-            }
-            return 0;
-        }
         case NM_CUSTOMDRAW: return OnDraw(reinterpret_cast<NMTVCUSTOMDRAW&>(note));
         default: return std::nullopt;
     }

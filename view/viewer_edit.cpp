@@ -95,6 +95,7 @@ bool Viewer::StoreTyped(std::wstring& reason) {
     }
     grid_.TextsChanged();
     UpdateValuePane();
+    RefreshSource();
     return true;
 }
 

@@ -114,9 +114,6 @@ Answer Viewer::OnNotify(NMHDR& note) {
         {kTabStripId, static_cast<UINT>(TCN_SELCHANGE), &Viewer::OnTabChange},
         {kStatusBarId, static_cast<UINT>(NM_CLICK), &Viewer::OnStatusClick},
         {kStatusBarId, static_cast<UINT>(NM_RCLICK), &Viewer::OnStatusClick},
-        {kTreePaneId, static_cast<UINT>(NM_CUSTOMDRAW), &Viewer::OnTreeNotify},
-        {kTreePaneId, static_cast<UINT>(TVN_ITEMEXPANDINGW), &Viewer::OnTreeNotify},
-        {kTreePaneId, static_cast<UINT>(TVN_SELCHANGEDW), &Viewer::OnTreeNotify},
     };
     for (const Route& route : kRoutes) {
         if (route.control == note.idFrom && route.code == note.code) {

@@ -76,12 +76,7 @@ void Viewer::ReturnTo(const UserPlace& place) {
 
 void Viewer::ShowRows(const UserPlace& place) {
     EndCellEdit(false);
-    try {
-        grid_.ShowTable(document_.rows.get(), GridStyle());
-    } catch (const std::exception&) {
-        grid_.ShowTable(nullptr, {});  // the rows before are about to go
-        throw;
-    }
+    grid_.ShowTable(document_.rows.get(), GridStyle());
     grid_.SetSortMark(grid_.GridColumnOf(document_.rows->SortColumn()),
                       document_.rows->SortDirection());
     RebuildFilterRow();
@@ -92,7 +87,8 @@ void Viewer::ShowRows(const UserPlace& place) {
     UpdateStatusBar();
 }
 
-void Viewer::ReplaceRows(std::unique_ptr<RowView> rows) {
+// What `exchange` takes away stays with the caller, so that a second call brings it back.
+void Viewer::ShowInstead(const UserPlace& place, const std::function<void()>& exchange) {
     CloseCellEdit();
     const RedrawScope still(window_);
     const UserPlace before = RememberPlace();

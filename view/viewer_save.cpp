@@ -71,6 +71,7 @@ bool Viewer::SaveDocument() {
     if (document_.csv != nullptr) {
         RereadSaved(std::move(written));
     }
+    RefreshSource();
     UpdateStatusBar();
     return true;
 }
@@ -98,12 +99,12 @@ void Viewer::RereadSaved(std::wstring text) {
     place.modelRow = sameRow(place.modelRow);
     place.topModelRow = sameRow(place.topModelRow);
 
-    const RedrawScope still(window_);
-    std::swap(document_.csv, model);
-    std::swap(document_.rows, rows);
+    ShowInstead(place, [&] {
+        std::swap(document_.csv, model);
+        std::swap(document_.rows, rows);
+    });
     document_.hasSavedEdits = false;
     finder_.Reset();
-    ShowRows(place);
 }
 
 }  // namespace rl

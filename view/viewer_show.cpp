@@ -73,7 +73,8 @@ void Viewer::FocusContent() {
         SetFocus(editor_.Window());
         return;
     }
-    SetFocus(tab_ == ViewerTab::Source ? source_.Window() : grid_.Window());
+    const bool toSource = tab_ == ViewerTab::Source && source_.Window() != nullptr;
+    SetFocus(toSource ? source_.Window() : grid_.Window());
 }
 
 /// A cell's text; in an outline, which shows values on one line, the value as it is.

@@ -72,44 +72,26 @@ GuideLines PlanGuides(const Slots& slots, const Rect& cell, int depth) {
     return guides;
 }
 
-void PlanBox(const ThemeColors& theme, const OutlineCell& cell, OutlinePlan& plan) {
-    plan.lineWidth = std::max(1, Scale(1, cell.dpi));
-    // On the selected row the text has another colour, and the box must be seen there too.
-    plan.strokeColor = cell.selected ? theme.selectionText : theme.text;
-    if (!cell.row.hasChildren) {
+void AddBox(OutlinePlan& plan, const ThemeColors& theme, const OutlineCell& cell,
+            const Slots& slots) {
+    const Rect box = slots.Box(cell.depth);
+    if (!cell.hasChildren || !slots.IsInCell(box)) {
         return;
     }
-    plan.box = OutlineBox(cell.rect, cell.row.depth, cell.dpi);
-    plan.boxFill = cell.hot ? MixColors(plan.back, theme.accent, kHotFillWeight) : plan.back;
-    plan.boxLine = MixColors(plan.back, plan.strokeColor, cell.hot ? kHotBoxWeight : kBoxWeight);
-    // A stroke of the box's parity stands in its exact middle.
-    const int stroke = plan.lineWidth + (plan.box.width - plan.lineWidth) % 2;
-    const int inset = Scale(kStrokeInset, cell.dpi);
-    const int length = plan.box.width - 2 * inset;
-    const int middle = (plan.box.width - stroke) / 2;
-    plan.horizontal = {plan.box.left + inset, plan.box.top + middle, length, stroke};
-    if (!cell.row.expanded) {
-        plan.vertical = {plan.box.left + middle, plan.box.top + inset, stroke, length};
-    }
-}
-
-/// From `left` to the cell's end; empty when nothing is left.
-Rect RestOf(const Rect& cell, int left) {
-    return {left, cell.top, std::max(0, cell.Right() - left), cell.height};
-}
-
-void PlanTexts(const ThemeColors& theme, const OutlineCell& cell, const MeasureText& measure,
-               OutlinePlan& plan) {
-    const int left = plan.mark.Right() + Scale(kNameGap, cell.dpi);
-    plan.name = RestOf(cell.rect, left);
-    if (cell.summary.empty() || plan.name.IsEmpty()) {
-        return;
-    }
-    const int after = plan.name.width > 0 ? measure(cell.name) : 0;
-    if (after < plan.name.width) {
-        plan.summary = RestOf(cell.rect, left + after + Scale(kSummaryGap, cell.dpi));
-        plan.summaryColor =
-            cell.selected ? theme.selectionText : MixColors(plan.back, theme.text, kSummaryWeight);
+    // As if the row were not selected: its strokes could hardly be told from some selections.
+    const Color back = ColorsFor(theme, {.viewRow = cell.viewRow}).back;
+    plan.box = {.rect = box,
+                .fill = cell.hot ? MixColors(back, theme.accent, kHotFillWeight) : back,
+                .line = MixColors(back, theme.text, cell.hot ? kHotBoxWeight : kBoxWeight),
+                .thickness = slots.Line()};
+    plan.strokeColor = theme.text;
+    const int thickness = slots.Line();
+    const int margin = slots.Pixels(kStrokeMargin);
+    const int length = box.width - 2 * margin;
+    const int centre = (box.width - thickness) / 2;
+    plan.horizontalStroke = {box.left + margin, box.top + centre, length, thickness};
+    if (!cell.expanded) {
+        plan.verticalStroke = {box.left + centre, box.top + margin, thickness, length};
     }
 }
 
