@@ -1,13 +1,12 @@
 #include "model/json_columns.h"
 
-#include <bit>
-
 #include "model/json_text.h"
+#include "model/name_hash.h"
 
 namespace rl {
 
 JsonColumns::JsonColumns(const JsonDocument* document)
-    : document_(document), seed_(std::bit_cast<uintptr_t>(this) * 0x9E3779B97F4A7C15u) {}
+    : document_(document), seed_(HashSeed(this)) {}
 
 int32_t JsonColumns::Find(int32_t member, int32_t guess) {
     const std::wstring_view raw = RawKey(member);
@@ -58,12 +57,7 @@ std::wstring_view JsonColumns::Decoded(std::wstring_view raw, std::wstring& room
 }
 
 uint64_t JsonColumns::Hash(std::wstring_view key) const {
-    uint64_t hash = seed_ ^ key.size();
-    for (const wchar_t unit : key) {
-        hash = (hash ^ static_cast<uint64_t>(unit)) * 0xD6E8FEB86659FD93u;
-        hash ^= hash >> 32;
-    }
-    return hash * 0x9E3779B97F4A7C15u;
+    return HashName(seed_ ^ key.size(), key);
 }
 
 /// Where the key is, or the free slot where it would be.

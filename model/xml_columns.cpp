@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <bit>
 
+#include "model/name_hash.h"
+
 namespace rl::detail {
 
 namespace {
@@ -21,7 +23,7 @@ int FirstSlotBits(size_t most) {
 }  // namespace
 
 XmlColumns::XmlColumns(size_t most)
-    : seed_(std::bit_cast<uintptr_t>(this) * 0x9E3779B97F4A7C15u),
+    : seed_(HashSeed(this)),
       slots_(size_t{1} << FirstSlotBits(most), Slot{.hash = 0, .column = -1}),
       shift_(kHashBits - FirstSlotBits(most)) {}
 
@@ -44,12 +46,8 @@ int32_t XmlColumns::FindOrAdd(const XmlColumn& column) {
 }
 
 uint32_t XmlColumns::Hash(const XmlColumn& column) const {
-    uint64_t hash = seed_ ^ (column.name.size() * 2 + (column.isAttribute ? 1 : 0));
-    for (const wchar_t unit : column.name) {
-        hash = (hash ^ static_cast<uint64_t>(unit)) * 0xD6E8FEB86659FD93u;
-        hash ^= hash >> 32;
-    }
-    return static_cast<uint32_t>(hash * 0x9E3779B97F4A7C15u >> kHashBits);
+    const uint64_t start = seed_ ^ (column.name.size() * 2 + (column.isAttribute ? 1 : 0));
+    return static_cast<uint32_t>(HashName(start, column.name) >> kHashBits);
 }
 
 /// Both tables are walked in order: where a hash goes follows from its highest bits.

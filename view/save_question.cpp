@@ -1,5 +1,6 @@
 #include "view/save_question.h"
 
+#include "load/text/loading_text.h"
 #include "load/text/messages.h"
 
 namespace rl {
@@ -11,20 +12,15 @@ std::wstring InQuotes(std::wstring_view text) {
     return quoted += L'"';
 }
 
-std::wstring_view NameOf(std::wstring_view path) {
-    const size_t separator = path.find_last_of(L"\\/");
-    return separator == path.npos ? path : path.substr(separator + 1);
-}
-
 }  // namespace
 
 std::wstring SaveQuestionText(std::wstring_view path, SaveReason reason) {
-    return L"Save changes to " + InQuotes(NameOf(path)) + L" before " +
+    return L"Save changes to " + InQuotes(FileNameOf(path)) + L" before " +
            (reason == SaveReason::Closing ? L"closing?" : L"reloading?");
 }
 
 std::wstring OverwriteQuestionText(std::wstring_view path) {
-    return InQuotes(NameOf(path)) + L" has been changed by another program. Overwrite it?";
+    return InQuotes(FileNameOf(path)) + L" has been changed by another program. Overwrite it?";
 }
 
 std::wstring DeleteColumnText(std::wstring_view header) {

@@ -2,10 +2,14 @@
 
 namespace rl {
 
-std::wstring LoadingText(std::wstring_view path, std::optional<uint64_t> bytes) {
+std::wstring_view FileNameOf(std::wstring_view path) {
     const size_t separator = path.find_last_of(L"\\/");
+    return separator == std::wstring_view::npos ? path : path.substr(separator + 1);
+}
+
+std::wstring LoadingText(std::wstring_view path, std::optional<uint64_t> bytes) {
     std::wstring text = L"Loading ";
-    text += separator == std::wstring_view::npos ? path : path.substr(separator + 1);
+    text += FileNameOf(path);
     if (bytes) {
         // In two steps: ten times the size need not fit into 64 bits.
         const uint64_t whole = *bytes >> 20;

@@ -29,7 +29,8 @@ namespace rl::test {
 /// The units, low byte first, without a mark.
 [[nodiscard]] std::string Utf16LeBytes(std::wstring_view text);
 
-/// What a failing test prints: ASCII, everything else as \uXXXX, cut after 200 units.
+/// What a failing test prints: ASCII, everything else as escapes of four digits, cut after 200
+/// units.
 [[nodiscard]] std::string Readable(std::wstring_view text);
 
 }  // namespace rl::test
