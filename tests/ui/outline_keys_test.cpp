@@ -323,6 +323,15 @@ TEST(OutlineFilter, TakesBothColumnsTogether) {
     EXPECT_EQ(it.viewer.RowCount(), 0);
 }
 
+TEST(OutlineFilter, KeepsItsTextsWhenLineNumbersCome) {
+    const Outline it;
+    SetWindowTextW(GetDlgItem(it.viewer.Window(), 2001), L"=20");
+    PumpIdle();
+    Choose(it.viewer, 5006);
+    EXPECT_EQ(TextOf(GetDlgItem(it.viewer.Window(), 2002)), L"=20");
+    EXPECT_EQ(it.viewer.RowCount(), 3);
+}
+
 TEST(OutlineFind, OpensTheWayToWhatItFinds) {
     const Outline it;
     EXPECT_EQ(it.host.Module().Search(it.viewer.Window(), L"D", 1), 0);

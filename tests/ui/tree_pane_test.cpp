@@ -172,6 +172,36 @@ TEST(RecordTable, IsNotSortedByItsHeader) {
     EXPECT_EQ(viewer.Cell(0, 0), L"3");
 }
 
+TEST(TreeItems, AreListedUpToAPointWithAWordOnTheRest) {
+    UiHost host({.ini = "tree-outline=0\n"});
+    std::string json = "[0";
+    for (int i = 1; i < 20'003; ++i) {
+        json += ",0";
+    }
+    const Viewer viewer = host.OpenText(json + "]", L"a.json");
+    const HWND tree = viewer.Tree();
+    EXPECT_EQ(SendMessageW(tree, TVM_GETCOUNT, 0, 0), 1 + 20'000 + 1);
+    HTREEITEM last = Next(tree, TVGN_CHILD, Root(tree));
+    while (const HTREEITEM next = Next(tree, TVGN_NEXT, last)) {
+        last = next;
+    }
+    EXPECT_EQ(Read(tree, last).label, L"\x2026 3 more");
+    Select(tree, last);
+    EXPECT_EQ(viewer.Status(3), L" Rows: 20003/20003") << "no node of its own";
+}
+
+TEST(TreeItems, AreNotAllOpenedByTheControlsOwnKey) {
+    UiHost host({.ini = "tree-outline=0\n"});
+    const Viewer viewer = host.OpenText(kJson, L"a.json");
+    const HWND tree = viewer.Tree();
+    Select(tree, Root(tree));
+    const LRESULT before = SendMessageW(tree, TVM_GETCOUNT, 0, 0);
+    SetFocus(tree);
+    Key(VK_MULTIPLY);
+    PumpIdle();
+    EXPECT_EQ(SendMessageW(tree, TVM_GETCOUNT, 0, 0), before);
+}
+
 TEST(RecordTable, IsFiltered) {
     UiHost host({.ini = "tree-outline=0\n"});
     const Viewer viewer = host.OpenText(kJson, L"a.json");
