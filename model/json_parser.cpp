@@ -33,6 +33,7 @@ JsonParser<Unit, Scan>::JsonParser(std::basic_string_view<Unit> text, bool lines
       textEnd_(end_),
       askAt_(base_),
       nodes_(nodes),
+      room_(nodes),
       abandoned_(abandoned),
       lines_(lines),
       tokens_(base_, lines) {}
@@ -281,7 +282,7 @@ inline void JsonParser<Unit, Scan>::Close(Place& place, uint32_t token) {
 template <typename Unit, typename Scan>
 inline void JsonParser<Unit, Scan>::Append(Place& place, JsonKind kind, uint32_t length,
                                            int32_t child) {
-    if (nodes_.size() == nodes_.capacity()) [[unlikely]] {
+    if (!room_.HasRoom()) [[unlikely]] {
         Grow(place.base + place.token);
     }
     place.last = place.size++;
@@ -301,24 +302,28 @@ const uint32_t* JsonParser<Unit, Scan>::Refill(const uint32_t* next) {
 /// is read in pieces, more and more. Nothing before `at` is counted.
 template <typename Unit, typename Scan>
 void JsonParser<Unit, Scan>::Grow(const Unit* at) {
+    if (room_.Extend()) {
+        return;
+    }
     const size_t size = nodes_.size();
     if (size >= size_t{std::numeric_limits<int32_t>::max()}) {
         throw std::bad_alloc();
     }
     if (size < kUncountedNodes) {
-        nodes_.reserve(std::max<size_t>(16, size * 4));
-    } else if (!isCounted_) {
+        room_.Reserve(std::max<size_t>(16, size * 4));
+        return;
+    }
+    size_t wanted = 0;
+    if (!isCounted_) {
         isCounted_ = true;
         const AbandonCheck check = [this] {
             isAbandoned_ = isAbandoned_ || IsAbandoned(abandoned_);
             return isAbandoned_;
         };
         const Unit* const end = lines_ ? textEnd_ : end_;
-        nodes_.reserve(size + CountJsonNodes<Unit, Scan>(at, end, lines_, check));
+        wanted = CountJsonNodes<Unit, Scan>(at, end, lines_, check);
     }
-    if (nodes_.size() == nodes_.capacity()) {
-        nodes_.reserve(size + size / 2);
-    }
+    room_.Reserve(size + (wanted > 0 ? wanted : size / 2));
 }
 
 template <typename Unit, typename Scan>

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "load/memory/prepared_room.h"
 #include "load/text/abandon_check.h"
 #include "model/json_node.h"
 #include "model/json_node_count.h"
@@ -74,6 +75,7 @@ private:
     const Unit* const textEnd_;
     const Unit* askAt_;
     std::vector<JsonNode>& nodes_;
+    PreparedRoom<JsonNode> room_;
     const AbandonCheck& abandoned_;
     const bool lines_;
     bool isAbandoned_ = false;

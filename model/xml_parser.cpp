@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "load/memory/prepared_room.h"
 #include "load/text/cpu_features.h"
 #include "model/xml_marks.h"
 #include "model/xml_reader.h"
@@ -117,11 +118,23 @@ private:
     std::unordered_map<std::basic_string_view<Unit>, uint32_t, BasicNameHash<Unit>> names_;
 };
 
+/// How much a text asks for.
+struct Room {
+    size_t nodes;
+    size_t attributes;
+};
+
 template <typename Unit>
 class NodeBuilder {
 public:
-    NodeBuilder(std::basic_string_view<Unit> text, XmlTree& tree)
-        : text_(text), tree_(tree), open_(text, tree.nodes) {
+    NodeBuilder(std::basic_string_view<Unit> text, XmlTree& tree, const Room& room)
+        : text_(text),
+          tree_(tree),
+          nodeRoom_(tree.nodes),
+          attributeRoom_(tree.attributes),
+          open_(text, tree.nodes) {
+        nodeRoom_.Reserve(room.nodes);
+        attributeRoom_.Reserve(room.attributes);
         tree.nodes.push_back({.sourceEnd = static_cast<uint32_t>(text.size())});
     }
 
@@ -145,6 +158,9 @@ public:
 
     void BeginAttributes() { firstAttribute_ = tree_.attributes.size(); }
     void Attribute(XmlExtent name, XmlExtent value, uint16_t quote) {
+        if (!attributeRoom_.HasRoom()) [[unlikely]] {
+            attributeRoom_.MakeRoom();
+        }
         tree_.attributes.push_back({.nameOffset = name.start,
                                     .nameLength = name.end - name.start,
                                     .valueOffset = value.start,
@@ -176,6 +192,9 @@ private:
     XmlNode& NodeAt(int32_t index) { return tree_.nodes[static_cast<size_t>(index)]; }
 
     void AddNode(XmlKind kind, XmlExtent source, XmlExtent name, XmlExtent value) {
+        if (!nodeRoom_.HasRoom()) [[unlikely]] {
+            nodeRoom_.MakeRoom();
+        }
         const auto index = static_cast<int32_t>(tree_.nodes.size());
         const int32_t last = open_.LastChild();
         XmlNode& above = NodeAt(open_.Innermost());
@@ -194,16 +213,13 @@ private:
 
     std::basic_string_view<Unit> text_;
     XmlTree& tree_;
+    PreparedRoom<XmlNode> nodeRoom_;
+    PreparedRoom<XmlAttribute> attributeRoom_;
     OpenElements<Unit> open_;
     size_t firstAttribute_ = 0;
 };
 
-/// What to reserve; nothing when abandoned.
-struct Room {
-    size_t nodes;
-    size_t attributes;
-};
-
+/// Nothing when abandoned.
 template <typename Scan, typename Unit>
 std::optional<Room> CountExactly(std::basic_string_view<Unit> text, const AbandonCheck& abandoned) {
     NodeCounter counter;
@@ -299,9 +315,7 @@ std::optional<XmlTree> Build(std::basic_string_view<Unit> text, Count count, Rea
         return std::nullopt;
     }
     std::optional<XmlTree> tree(std::in_place);
-    tree->nodes.reserve(room->nodes);
-    tree->attributes.reserve(room->attributes);
-    NodeBuilder<Unit> builder(text, *tree);
+    NodeBuilder<Unit> builder(text, *tree, *room);
     if (!read(builder)) {
         return std::nullopt;
     }

@@ -19,8 +19,9 @@ LAYERS = [
     ("model", r"model/"),
     ("config", r"host/config/"),
     ("text", r"load/text/"),
+    ("memory", r"load/memory/"),
 ]
-PURE = {"view logic", "model", "config", "text"}
+PURE = {"view logic", "model", "config", "text", "memory"}
 # The interface's constants are plain numbers that the viewer must know as well as the entry points.
 SHARED_HEADERS = {"host/lister_api.h"}
 # The one file of the lower layers that is Windows by purpose.

@@ -20,6 +20,7 @@ cmd_build() {
     build_preset "$1"
   else
     build_preset native-asan
+    build_preset native-tsan rowlark_thread_tests
     build_preset mingw-release
   fi
 }

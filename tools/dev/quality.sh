@@ -27,7 +27,7 @@ cmd_lint() {
   python3 tools/check_layers.py
   python3 tools/check_style.py
   cmd_format --check
-  our_sources | grep -E '^(model|view/logic|host/config|load/text|fuzz)/.*\.cpp$' |
+  our_sources | grep -E '^(model|view/logic|host/config|load/memory|load/text|fuzz)/.*\.cpp$' |
     grep -v platform_win32 |
     xargs -P2 -n4 clang-tidy-16 --quiet -p build/native-asan
   # shellcheck disable=SC2046

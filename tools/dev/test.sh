@@ -1,9 +1,9 @@
-# One run of CTest over both builds.
+# One run of CTest over all builds.
 
 cmd_test() {
   cmd_build
   cat >build/CTestTestfile.cmake <<'END'
-subdirs(native-asan mingw-release)
+subdirs(native-asan native-tsan mingw-release)
 END
   start_display
   local filter=()
