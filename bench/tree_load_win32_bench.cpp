@@ -41,9 +41,10 @@ std::string JsonEvents(size_t size) {
         const std::string number = std::to_string(1'000'000 + i * 7919U % 900'000);
         out += (i == 0 ? "" : ",\n") + ("{\"id\":" + number) +
                ",\"user\":{\"name\":\"customer of the northern warehouse beside the old "
-               "harbour\",\"verified\":true}," +
+               "harbour, second gate\",\"verified\":true}," +
                "\"duration\":12.25,\"path\":\"/catalogue/section/garden/furniture/" + number +
-               "/details/and/reviews/latest.html\",\"tags\":[\"web browser\",\"returning "
+               "/details/and/reviews/of/the/latest/season.html\",\"tags\":[\"web "
+               "browser\",\"returning "
                "visitor\"],\"referrer\":null}";
     }
     return out += "]\n";

@@ -41,8 +41,10 @@ std::string EventBytes(size_t size) {
         bytes += "    <user name=\"user" + number + "\">user" + number + "@example.org</user>\n";
         bytes +=
             "    <amount currency=\"EUR\">" + std::to_string(random % 10000) + ".50</amount>\n";
-        bytes += "    <note>Delivered &amp; paid, order " + number +
-                 ", thank you for shopping with us</note>\n";
+        bytes +=
+            "    <note>Delivered &amp; paid, order " + number +
+            ", thank you for shopping with us; should anything be missing or damaged, write to "
+            "our service within thirty days and name the number above</note>\n";
         bytes += i % 16 == 0 ? "    <!-- checked by hand -->\n" : "";
         bytes += i % 64 == 0 ? "    <raw><![CDATA[a < b && c]]></raw>\n" : "";
         bytes += "    <flag/>\n  </event>\n";
@@ -184,7 +186,7 @@ constexpr double kAttackBytes = kAttackUnits;
 // and attributes against those filled.
 constexpr rl::bench::Row kRows[] = {
     {"xml: parse of decoded text against RapidXML, cold", "parse", "rapidxml", Warmth::Cold, kBytes,
-     2.0, 2.05, 1.01},
+     2.0, 1.55, 1.01},
     {"xml: the same, warm", "parse", "rapidxml", Warmth::Warm, kBytes, 2.0, 0, 1.01},
     {"xml: parse against the plain kernel, warm", "parse", "parse_plain", Warmth::Warm, kBytes},
     {"xml: a million levels and more against events", "nested", "events", Warmth::Cold,

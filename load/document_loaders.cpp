@@ -21,25 +21,24 @@ enum class Utf8Outcome { Done, NotUtf8, Failed };
 Utf8Outcome ReadUtf8(const std::wstring& path, int64_t sizeLimit, const EncodingRequest& request,
                      const AbandonCheck& abandoned, std::wstring& text, TextEncoding& found,
                      std::wstring& error, std::optional<FileStamp>* stamp) {
-    Utf8Stream stream(0);
-    bool begins = true;
+    std::optional<Utf8Stream> stream;
     bool fits = true;
     const auto take = [&](std::string_view piece, size_t fileSize) {
-        if (std::exchange(begins, false)) {
+        if (!stream) {
             fits = Utf8Stream::MayBegin(piece, request, found);
-            stream = Utf8Stream(fileSize);
+            stream.emplace(fileSize);
             piece.remove_prefix(found.hasBom ? LeadingMark(piece).bytes.size() : 0);
         }
-        fits = fits && stream.Feed(piece);
+        fits = fits && stream->Feed(piece);
         return fits;
     };
     if (!ReadFileInPieces(path, sizeLimit, take, error, abandoned, stamp)) {
         return fits ? Utf8Outcome::Failed : Utf8Outcome::NotUtf8;
     }
-    if (!stream.Finish()) {
+    if (!stream->Finish()) {
         return Utf8Outcome::NotUtf8;
     }
-    text = stream.TakeText();
+    text = stream->TakeText();
     return Utf8Outcome::Done;
 }
 

@@ -21,6 +21,7 @@ void FreshPages::Start(void* room, size_t size, unsigned processors) {
     try {
         const size_t stretches = (size + kStretch - 1) / kStretch;
         isReady_ = std::make_unique<std::atomic<bool>[]>(stretches);
+        front_ = 0;
         next_ = 1;  // the first one is wanted at once
         isReady_[0] = true;
         stretches_ = stretches;
@@ -34,19 +35,16 @@ void FreshPages::Start(void* room, size_t size, unsigned processors) {
 }
 
 size_t FreshPages::Ready(size_t last) {
-    size_t stretch = last / kStretch;
-    if (stretch >= stretches_) {
-        return size_;
-    }
-    while (!isReady_[stretch].load(std::memory_order_acquire)) {
-        if (!TouchNext()) {
-            std::this_thread::yield();
+    const size_t wanted = last / kStretch;
+    const auto isReady = [this] { return isReady_[front_].load(std::memory_order_acquire); };
+    for (; front_ < stretches_ && (front_ <= wanted || isReady()); ++front_) {
+        while (!isReady()) {
+            if (!TouchNext()) {
+                std::this_thread::yield();
+            }
         }
     }
-    while (stretch < stretches_ && isReady_[stretch].load(std::memory_order_acquire)) {
-        ++stretch;
-    }
-    return std::min(stretch * kStretch, size_);
+    return front_ < stretches_ ? front_ * kStretch : size_;
 }
 
 void FreshPages::Stop() noexcept {

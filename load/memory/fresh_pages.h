@@ -34,7 +34,7 @@ public:
     void Start(void* room, size_t size, unsigned processors = std::thread::hardware_concurrency());
 
     /// How many bytes from the beginning of the room may be written: more than `last`, the position
-    /// of one of them. Call it from the thread that called `Start`.
+    /// of one of them, or all. Call it from the thread that called `Start`.
     [[nodiscard]] size_t Ready(size_t last);
 
     /// Nothing is written to the room by others from here on. `Ready` then answers with all of it.
@@ -46,6 +46,7 @@ private:
     std::byte* room_ = nullptr;
     size_t size_ = 0;
     size_t stretches_ = 0;
+    size_t front_ = 0;              // stretches that are ready, from the beginning
     std::atomic<size_t> next_ = 0;  // the first stretch that nobody has taken in hand
     std::unique_ptr<std::atomic<bool>[]> isReady_;
     std::thread helper_;

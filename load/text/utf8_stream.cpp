@@ -43,16 +43,28 @@ void Utf8Stream::EnsureRoom(std::string_view part) {
         return;
     }
     size_t room = text_.size() + std::max(expected_, part.size());
+    size_t likely = room;
     if (text_.empty() && part.size() < expected_) {
         const double share =
             static_cast<double>(utf::CountUnits(part)) / static_cast<double>(part.size());
         const auto guess = static_cast<size_t>(static_cast<double>(expected_) * share);
         room = std::max(needed, std::min(room, guess + guess / 128 + part.size()));
+        likely = std::min(guess, room);
     }
+    pages_.Stop();
     std::wstring larger;
     larger.reserve(room);
     larger = text_;
     text_ = std::move(larger);
+    PreparePages(likely);
+}
+
+/// Those behind the text, which ends with a unit of the string's own, up to so many units.
+void Utf8Stream::PreparePages(size_t units) {
+    prepared_ = text_.size() + 1;
+    if (units > prepared_) {
+        pages_.Start(text_.data() + prepared_, (units - prepared_) * sizeof(wchar_t));
+    }
 }
 
 /// Converts what is whole and well formed; answers the rest.
@@ -61,6 +73,7 @@ std::string_view Utf8Stream::Convert(std::string_view bytes) {
     const size_t held = text_.size();
     utf::Progress done;
     const size_t room = held + bytes.size();
+    (void)pages_.Ready((room + 1 - std::min(room, prepared_)) * sizeof(wchar_t));
     text_.resize_and_overwrite(room, [&](wchar_t* out, size_t) {
         done = utf::Utf8ToUnits(bytes, {out + held, room - held});
         return held + done.written;
@@ -99,10 +112,16 @@ bool Utf8Stream::Feed(std::string_view bytes) {
 }
 
 bool Utf8Stream::Finish() {
+    pages_.Stop();
     if (text_.capacity() - text_.size() > text_.size() / 100) {
         text_.shrink_to_fit();
     }
     return cut_.empty();
+}
+
+std::wstring Utf8Stream::TakeText() {
+    pages_.Stop();
+    return std::move(text_);
 }
 
 }  // namespace rl

@@ -8,8 +8,8 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <utility>
 
+#include "load/memory/fresh_pages.h"
 #include "load/text/text_encoding.h"
 
 namespace rl {
@@ -29,16 +29,19 @@ public:
     /// False when the last sequence is cut.
     [[nodiscard]] bool Finish();
     /// The text; the stream is then empty.
-    [[nodiscard]] std::wstring TakeText() { return std::move(text_); }
+    [[nodiscard]] std::wstring TakeText();
 
 private:
     void EnsureRoom(std::string_view part);
+    void PreparePages(size_t units);
     [[nodiscard]] std::string_view Convert(std::string_view bytes);
     [[nodiscard]] std::string_view FinishCutSequence(std::string_view bytes);
 
     size_t expected_;  // bytes not yet converted
     std::wstring text_ = {};
     std::string cut_ = {};  // the beginning of a sequence that goes on in the next piece
+    size_t prepared_ = 0;   // the first unit whose memory was prepared
+    FreshPages pages_;
 };
 
 }  // namespace rl

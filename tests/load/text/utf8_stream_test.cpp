@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -43,6 +44,33 @@ TEST(Utf8Stream, HoldsATextThatGrowsDenserThanItsBeginning) {
     ASSERT_TRUE(text);
     EXPECT_EQ(text->size(), 45000U);
     EXPECT_EQ(std::ranges::count(*text, L'x'), 40000);
+}
+
+TEST(Utf8Stream, ConvertsALargeTextAsTheWholeWhateverItsBeginningLooksLike) {
+    std::string dense;
+    std::string wide;
+    for (uint32_t i = 0; dense.size() < 6'000'000; ++i) {
+        dense += "unit " + std::to_string(i);
+        wide += "\xE4\xB8\xAD\xF0\x9F\x98\x80" + std::to_string(i);
+    }
+    for (const std::string& bytes : {dense + wide, wide + dense, wide + dense + wide}) {
+        TextEncoding found;
+        const std::wstring whole = DecodeText(bytes, {}, found);
+        EXPECT_TRUE(InPieces(bytes, 1'000'003) == whole);
+        EXPECT_TRUE(InPieces(bytes, bytes.size()) == whole);
+    }
+}
+
+TEST(Utf8Stream, OfALargeTextCanBeLeftInTheMiddle) {
+    const std::string bytes(30'000'000, 'x');
+    for (const size_t fed : {size_t{1'000'000}, size_t{9'000'000}}) {
+        Utf8Stream stream(bytes.size());
+        ASSERT_TRUE(stream.Feed(std::string_view(bytes).substr(0, fed)));
+    }
+    Utf8Stream cut(bytes.size());
+    ASSERT_TRUE(cut.Feed(std::string_view(bytes).substr(0, 20'000'000)));
+    EXPECT_TRUE(cut.Finish());
+    EXPECT_EQ(cut.TakeText().size(), 20'000'000U);
 }
 
 TEST(Utf8Stream, RefusesWhatIsNotWellFormedWhereverThePiecesEnd) {
