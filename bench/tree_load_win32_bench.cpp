@@ -4,12 +4,11 @@
 
 #include <exception>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <rapidxml/rapidxml.hpp>
 #include <string>
-#include <string_view>
 
+#include "bench/support/input_file.h"
 #include "bench/support/inputs.h"
 #include "bench/support/process.h"
 #include "bench/support/task.h"
@@ -23,52 +22,12 @@ using rl::bench::kLarge;
 using rl::bench::Outcome;
 using rl::bench::Stopwatch;
 
-/// Written once and read by every process; nobody but this program writes there.
-std::filesystem::path FileOf(const char* name, std::string (*make)(size_t size)) {
-    const std::filesystem::path file = std::filesystem::temp_directory_path() / name;
-    std::error_code missing;
-    if (std::filesystem::file_size(file, missing) < kLarge || missing) {
-        const std::string bytes = make(kLarge);
-        std::ofstream(file, std::ios::binary)
-            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    }
-    return file;
-}
-
-std::string JsonEvents(size_t size) {
-    std::string out = "[";
-    for (uint32_t i = 0; out.size() < size; ++i) {
-        const std::string number = std::to_string(1'000'000 + i * 7919U % 900'000);
-        out += (i == 0 ? "" : ",\n") + ("{\"id\":" + number) +
-               ",\"user\":{\"name\":\"customer of the northern warehouse beside the old "
-               "harbour, second gate\",\"verified\":true}," +
-               "\"duration\":12.25,\"path\":\"/catalogue/section/garden/furniture/" + number +
-               "/details/and/reviews/of/the/latest/season.html\",\"tags\":[\"web "
-               "browser\",\"returning "
-               "visitor\"],\"referrer\":null}";
-    }
-    return out += "]\n";
-}
-
-std::string XmlEvents(size_t size) {
-    std::string out = "<?xml version=\"1.0\"?>\n<events>\n";
-    for (uint32_t i = 0; out.size() < size; ++i) {
-        const std::string number = std::to_string(1'000'000 + i * 7919U % 900'000);
-        out += "  <event id=\"" + number + "\" kind=\"page view\">\n    <user verified=\"yes\">" +
-               "customer of the northern warehouse beside the old harbour</user>\n    "
-               "<duration>12.25</duration>\n" +
-               "    <path>/catalogue/section/garden/furniture/" + number +
-               "/details/and/reviews/latest.html</path>\n  </event>\n";
-    }
-    return out += "</events>\n";
-}
-
 std::filesystem::path JsonPath() {
-    return FileOf("rowlark_bench_events.json", JsonEvents);
+    return rl::bench::FileOf("rowlark_bench_events_2.json", kLarge, rl::bench::JsonEventBytes);
 }
 
 std::filesystem::path XmlPath() {
-    return FileOf("rowlark_bench_events.xml", XmlEvents);
+    return rl::bench::FileOf("rowlark_bench_events.xml", kLarge, rl::bench::XmlEventBytes);
 }
 
 /// The time, and what the process has grown by, in bytes for each byte of the file.

@@ -141,4 +141,32 @@ std::string ChineseBytes(size_t size) {
     return out;
 }
 
+std::string JsonEventBytes(size_t size) {
+    std::string out = "[";
+    for (uint32_t i = 0; out.size() < size; ++i) {
+        const std::string number = std::to_string(1'000'000 + i * 7919U % 900'000);
+        out += (i == 0 ? "" : ",\n") + ("{\"id\":" + number) +
+               ",\"user\":{\"name\":\"customer of the northern warehouse beside the old "
+               "harbour, second gate\",\"verified\":true}," +
+               "\"duration\":12.25,\"path\":\"/catalogue/section/garden/furniture/" + number +
+               "/details/and/reviews/of/the/latest/season.html\",\"tags\":[\"web "
+               "browser\",\"returning "
+               "visitor\"],\"referrer\":null}";
+    }
+    return out += "]\n";
+}
+
+std::string XmlEventBytes(size_t size) {
+    std::string out = "<?xml version=\"1.0\"?>\n<events>\n";
+    for (uint32_t i = 0; out.size() < size; ++i) {
+        const std::string number = std::to_string(1'000'000 + i * 7919U % 900'000);
+        out += "  <event id=\"" + number + "\" kind=\"page view\">\n    <user verified=\"yes\">" +
+               "customer of the northern warehouse beside the old harbour</user>\n    "
+               "<duration>12.25</duration>\n" +
+               "    <path>/catalogue/section/garden/furniture/" + number +
+               "/details/and/reviews/latest.html</path>\n  </event>\n";
+    }
+    return out += "</events>\n";
+}
+
 }  // namespace rl::bench

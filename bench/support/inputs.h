@@ -19,6 +19,12 @@ constexpr size_t kMedium = 50'000'000;  // bytes: text in one script
 /// Indented objects, nearly all ASCII.
 [[nodiscard]] std::string JsonBytes(size_t size);
 
+/// Records in an array, 28 bytes for each value, one record a line.
+[[nodiscard]] std::string JsonEventBytes(size_t size);
+
+/// Indented elements with attributes and texts, and no markup of other kinds.
+[[nodiscard]] std::string XmlEventBytes(size_t size);
+
 /// Prose: words of two-byte letters between blanks, commas and line breaks.
 [[nodiscard]] std::string CyrillicBytes(size_t size);
 
