@@ -28,7 +28,7 @@ struct Attack {
     std::string_view head;
     std::string_view piece;
     std::string_view other = "";
-    double goal = 0.25;
+    bool isRecovered = false;  // what is whole in a broken text is wanted
 };
 
 constexpr std::string_view kJson = ".json";
@@ -46,9 +46,11 @@ constexpr auto kAttacks = std::to_array<Attack>({
     {"json: brackets that open", kJson, "", "["},
     {"json: braces that open", kJson, "", R"({"a":)"},
     {"json: brackets that close", kJson, "", "]"},
-    {"json: blocks side by side", kJson, "", "{}"},
-    {"json: broken blocks side by side", kJson, "", "[1}"},
-    {"json: brackets crossed", kJson, "", "[", "}"},
+    {"json: blocks side by side", kJson, "", "{}", "", true},
+    {"json: broken blocks side by side", kJson, "", "[1}", "", true},
+    {"json: blocks broken inside", kJson, "", "[:]", "", true},
+    {"json: lines in a broken file", kJson, "", "{\"a\":1}\n", "", true},
+    {"json: brackets crossed", kJson, "", "[", "}", true},
     {"json: quotes", kJson, "[", "\""},
     {"json: backslashes in a string", kJson, "[\"", R"(\\)"},
     {"json: escapes", kJson, "[\"", R"(\u0041)"},
@@ -116,13 +118,13 @@ std::string Content(const Attack& attack, size_t size) {
 }
 
 /// Whether it could be shown.
-bool Load(const std::filesystem::path& file) {
+bool Load(const std::filesystem::path& file, bool isRecovered) {
     std::wstring error;
     const std::wstring path = file.wstring();
     if (file.extension() == kXml) {
         return rl::LoadXmlDocument(path, 0, {.honourXmlDeclaration = true}, error) != nullptr;
     }
-    return rl::LoadJsonDocument(path, 0, 1, {}, error) != nullptr;
+    return rl::LoadJsonDocument(path, 0, isRecovered ? 1 : 0, {}, error) != nullptr;
 }
 
 Outcome LoadFile(size_t index) {
@@ -131,7 +133,7 @@ Outcome LoadFile(size_t index) {
         "rowlark_bench_attack_" + std::to_string(index) + std::string(attack.suffix);
     const std::filesystem::path file = rl::bench::WriteInput(name, Content(attack, kSize));
     const Stopwatch watch;
-    const bool isShown = Load(file);
+    const bool isShown = Load(file, attack.isRecovered);
     rl::bench::Keep(&isShown);
     const Outcome outcome = watch.Stop();
     std::filesystem::remove(file);
@@ -162,7 +164,7 @@ constexpr auto kRows = [] {
                    .peer = kAttacks[plain].name,
                    .warmth = rl::bench::Warmth::Cold,
                    .bytes = kSize,
-                   .goal = attack.goal};
+                   .goal = 0.25};
     }
     return rows;
 }();

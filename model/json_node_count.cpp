@@ -98,7 +98,7 @@ size_t CountInBlocks(const Unit* at, const Unit* end, bool lines, const AbandonC
         }
         if (at != past) {  // a slash
             state = {};
-            at = detail::IsJsonComment(at, end) ? detail::PastJsonComment<Scan>(at, end, lines)
+            at = detail::IsJsonComment(at, end) ? detail::PastJsonComments<Scan>(at, end, lines)
                                                 : at + 1;
         }
     }

@@ -323,7 +323,16 @@ void JsonParser<Unit, Scan>::Grow(const Unit* at) {
         const Unit* const end = lines_ ? textEnd_ : end_;
         wanted = CountJsonNodes<Unit, Scan>(at, end, lines_, check);
     }
-    room_.Reserve(size + (wanted > 0 ? wanted : size / 2));
+    room_.Reserve(size + (wanted > 0 ? wanted : LikelyRest(at)));
+}
+
+/// How many more nodes there may be if the text goes on as before, within bounds: it need not.
+template <typename Unit, typename Scan>
+size_t JsonParser<Unit, Scan>::LikelyRest(const Unit* at) const {
+    const auto size = static_cast<double>(nodes_.size());
+    const auto read = static_cast<double>(at - base_ + 1);
+    const auto rest = static_cast<double>(textEnd_ - at);
+    return static_cast<size_t>(std::clamp(size / read * rest, size / 2, size * 3));
 }
 
 template <typename Unit, typename Scan>

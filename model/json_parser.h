@@ -68,6 +68,7 @@ private:
     void Append(Place& place, JsonKind kind, uint32_t length, int32_t child);
     const uint32_t* Refill(const uint32_t* next);
     void Grow(const Unit* at);
+    [[nodiscard]] size_t LikelyRest(const Unit* at) const;
     void AskWhetherAbandoned(const Unit* at);
 
     const Unit* const base_;

@@ -82,7 +82,9 @@ int32_t SalvageJson(std::wstring_view text, std::vector<JsonNode>& nodes,
         if (past == std::wstring_view::npos) {
             break;
         }
-        if (const int32_t node = parser.Parse(at, past, 0); node >= 0) {
+        // A bracket and the one that closes it are two apart, for both kinds.
+        const bool isPair = text[past - 1] == text[at] + 2;
+        if (const int32_t node = isPair ? parser.Parse(at, past, 0) : -1; node >= 0) {
             gathering.Add(node);
         }
         if (isAbandoned) {

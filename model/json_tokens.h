@@ -41,6 +41,21 @@ template <typename Scan, typename Unit>
     return end;
 }
 
+/// Past that comment and those that follow it at once: comments come in groups. The blanks between
+/// them matter where text is read line by line, so there it is one at a time.
+template <typename Scan, typename Unit>
+[[nodiscard]] const Unit* PastJsonComments(const Unit* at, const Unit* end, bool lines) {
+    at = PastJsonComment<Scan>(at, end, lines);
+    while (!lines) {
+        const Unit* const next = Scan::PastBlanks(at, end);
+        if (!IsJsonComment(next, end)) {
+            break;
+        }
+        at = PastJsonComment<Scan>(next, end, lines);
+    }
+    return at;
+}
+
 /// Past the units of a word, the first of which is at `at`. A backslash keeps a quote from being
 /// one here, too.
 template <typename Unit>
@@ -148,6 +163,7 @@ public:
         end_ = end;
         state_ = {};
         past_ = positions_.data();
+        isShort_ = end - at < kJsonBlock;
         return Refill(past_);
     }
 
@@ -163,7 +179,7 @@ public:
             if constexpr (kIsPlain) {
                 at_ = Step(out);
             } else {
-                at_ = Search(out);
+                at_ = isShort_ ? Step(out) : Search(out);
             }
         }
         if (out.next < enough) {
@@ -223,7 +239,7 @@ private:
     const Unit* PastSlash(const Unit* at, JsonIndexOutput& out) {
         state_ = {};
         if (IsJsonComment(at, end_)) {
-            return PastJsonComment<Scan>(at, end_, lines_);
+            return PastJsonComments<Scan>(at, end_, lines_);
         }
         *out.next++ = PositionOf(at);
         return at + 1;
@@ -234,6 +250,7 @@ private:
     typename JsonIndexKernel<Unit>::Index index_ = nullptr;
     const Unit* at_ = nullptr;  // the tokens behind are not known yet
     const Unit* end_ = nullptr;
+    bool isShort_ = false;  // a block would be blanks for the most part
     JsonIndexState state_;
     const uint32_t* past_ = nullptr;
     std::array<uint32_t, kBlocks * kJsonBlock + kAhead * 2 + kJsonIndexSlack> positions_;

@@ -1,14 +1,13 @@
 #include "model/xml_parser.h"
-#include "model/name_hash.h"
 
 #include <algorithm>
 #include <array>
 #include <cwchar>
-#include <unordered_map>
 #include <utility>
 
 #include "load/memory/prepared_room.h"
 #include "load/text/cpu_features.h"
+#include "model/name_counts.h"
 #include "model/xml_marks.h"
 #include "model/xml_reader.h"
 #include "model/xml_run.h"
@@ -48,7 +47,7 @@ template <typename Unit>
 class OpenElements {
 public:
     OpenElements(std::basic_string_view<Unit> text, const std::vector<XmlNode>& nodes)
-        : text_(text), nodes_(nodes) {}
+        : text_(text), nodes_(nodes), names_(text) {}
 
     /// The document node when no element is open.
     [[nodiscard]] int32_t Innermost() const { return innermost_; }
@@ -65,7 +64,7 @@ public:
 
     void Pop() {
         if (depth_ == counted_) {
-            --names_.find(NameOf(innermost_))->second;
+            --names_.CountOf(NameOf(innermost_));
             --counted_;
         }
         lastChild_ = innermost_;
@@ -82,8 +81,8 @@ public:
             return true;
         }
         CountNames();
-        const auto found = names_.find(name);
-        if (found == names_.end() || found->second == 0) {
+        const uint32_t* const count = names_.FindCount(name);
+        if (count == nullptr || *count == 0) {
             return false;
         }
         while (NameOf(innermost_) != name) {
@@ -102,8 +101,14 @@ private:
 
     void CountNames() {
         int32_t node = innermost_;
+        std::basic_string_view<Unit> last;
+        uint32_t* count = nullptr;  // of elements with that name, which often follow one another
         for (size_t depth = depth_; depth > counted_; --depth) {
-            ++names_[NameOf(node)];
+            if (const auto name = NameOf(node); count == nullptr || name != last) {
+                count = &names_.CountOf(name);
+                last = name;
+            }
+            ++*count;
             node = NodeAt(node).parent;
         }
         counted_ = depth_;
@@ -115,7 +120,7 @@ private:
     int32_t lastChild_ = -1;
     size_t depth_ = 0;    // open elements
     size_t counted_ = 0;  // of them, the outermost ones whose names are in `names_`
-    std::unordered_map<std::basic_string_view<Unit>, uint32_t, BasicNameHash<Unit>> names_;
+    NameCounts<Unit> names_;
 };
 
 /// How much a text asks for.

@@ -45,6 +45,17 @@ TEST(JsonParser, TakesCommentsForBlanks) {
     EXPECT_FALSE(Parses(L"// 1\r2"));
 }
 
+TEST(JsonParser, TakesGroupsOfCommentsForBlanks) {
+    std::wstring text = L"[1";
+    for (int i = 0; i < 200; ++i) {
+        text += i % 3 == 0 ? L"/*]*/" : i % 3 == 1 ? L" // ]\n\t" : L"\r\n /**/ /* */ ";
+    }
+    JsonDocument document;
+    ASSERT_TRUE(document.Parse(text + L",2/**//**/,/*x*/ // y\n]", false, false));
+    EXPECT_EQ(document.nodes.size(), 3U);
+    EXPECT_FALSE(document.Parse(text + L"/ ,2]", false, false));
+}
+
 TEST(JsonParser, LetsAnOpenCommentSwallowTheRest) {
     EXPECT_TRUE(Parses(L"{\"a\":1} /*"));
     EXPECT_TRUE(Parses(L"{\"a\":1} /*/"));

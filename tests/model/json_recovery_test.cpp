@@ -90,6 +90,14 @@ TEST(JsonRecovery, SalvagesManySmallAndBrokenBlocks) {
     JsonDocument document;
     ASSERT_TRUE(document.Parse(text, false, true));
     EXPECT_EQ(document.nodes.size(), 150'001U);
+    EXPECT_LT(document.nodes.capacity(), 2 * document.nodes.size());
+}
+
+TEST(JsonRecovery, SkipsBlocksWhoseOuterBracketsAreOfTwoKinds) {
+    JsonDocument document;
+    ASSERT_TRUE(document.Parse(L"[1} {\"a\":1] [2] {[}} {}", false, true));
+    EXPECT_TRUE(document.salvaged);
+    EXPECT_EQ(document.nodes[0].childCount, 2U);
 }
 
 }  // namespace
