@@ -19,7 +19,7 @@ namespace {
 constexpr int kRuns = 5;
 
 /// Elapsed time or, where ROWLARK_BENCH_CLOCK is "cpu", the processor's time for us: coarser, but
-/// what others do on the machine matters less. Tasks keep to one thread either way.
+/// what others do on the machine matters less, and a second thread of ours counts as well.
 double Seconds() {
     static const char* const clock = std::getenv("ROWLARK_BENCH_CLOCK");
     if (clock != nullptr && std::string_view(clock) == "cpu") {
