@@ -1,7 +1,6 @@
 // How fast decoded XML is cut into nodes, and a table is read from them.
 //
-// The peer builds its tree from the same units without writing to them. Attacks are held against a
-// plain document of the same size.
+// The peer builds its tree from the same units without writing to them.
 #include <exception>
 #include <memory>
 #include <rapidxml/rapidxml.hpp>
@@ -25,7 +24,6 @@ using Unit = std::conditional_t<sizeof(wchar_t) == 2, wchar_t, char16_t>;
 using Text = std::basic_string<Unit>;
 
 constexpr size_t kUnits = 100'000'000;
-constexpr size_t kAttackUnits = 20'000'000;
 
 /// A log of events, two blanks a level: attributes, short texts, now and then markup of other
 /// kinds.
@@ -92,40 +90,6 @@ Outcome ParseWithPeer() {
     return watch.Stop();
 }
 
-Text Repeat(std::string_view piece, size_t size) {
-    Text text;
-    text.reserve(size + piece.size());
-    while (text.size() < size) {
-        text.append(piece.begin(), piece.end());
-    }
-    return text;
-}
-
-Outcome ParsePlainEvents() {
-    static const Text text = Widen(EventBytes(kAttackUnits));
-    return ParseUnits(text, rl::BestXmlScanKernel());
-}
-
-Outcome ParseNested() {
-    static const Text text = Repeat("<a>", kAttackUnits / 2) + Repeat("</a>", kAttackUnits / 2);
-    return ParseUnits(text, rl::BestXmlScanKernel());
-}
-
-Outcome ParseStrayEndTags() {
-    static const Text text = Repeat("<a>", kAttackUnits / 2) + Repeat("</b>", kAttackUnits / 2);
-    return ParseUnits(text, rl::BestXmlScanKernel());
-}
-
-Outcome ParseAttributes() {
-    static const Text text = Widen("<r") + Repeat(" a='1'", kAttackUnits);
-    return ParseUnits(text, rl::BestXmlScanKernel());
-}
-
-Outcome ParseOpenQuotes() {
-    static const Text text = Widen("<r/>") + Repeat("<a b=c \"d", kAttackUnits);
-    return ParseUnits(text, rl::BestXmlScanKernel());
-}
-
 constexpr size_t kRecords = 100'000;
 
 const rl::XmlDocument& Document(bool differing) {
@@ -168,11 +132,6 @@ constexpr rl::bench::Task kTasks[] = {
     {"parse", Parse},
     {"parse_plain", ParsePlain},
     {"rapidxml", ParseWithPeer},
-    {"events", ParsePlainEvents},
-    {"nested", ParseNested},
-    {"stray_end_tags", ParseStrayEndTags},
-    {"attributes", ParseAttributes},
-    {"open_quotes", ParseOpenQuotes},
     {"table_alike", MakeAlikeTable},
     {"table_differing", MakeDifferingTable},
 };
@@ -180,7 +139,6 @@ constexpr rl::bench::Task kTasks[] = {
 using rl::bench::Warmth;
 
 constexpr double kBytes = kUnits;
-constexpr double kAttackBytes = kAttackUnits;
 
 // In the last row a byte stands for a member. The last figure of a parse: bytes reserved for nodes
 // and attributes against those filled.
@@ -189,14 +147,6 @@ constexpr rl::bench::Row kRows[] = {
      2.0, 1.55, 1.01},
     {"xml: the same, warm", "parse", "rapidxml", Warmth::Warm, kBytes, 2.0, 0, 1.01},
     {"xml: parse against the plain kernel, warm", "parse", "parse_plain", Warmth::Warm, kBytes},
-    {"xml: a million levels and more against events", "nested", "events", Warmth::Cold,
-     kAttackBytes, 0.25},
-    {"xml: stray end tags under a deep stack against events", "stray_end_tags", "events",
-     Warmth::Cold, kAttackBytes, 0.25},
-    {"xml: one tag of attributes against events", "attributes", "events", Warmth::Cold,
-     kAttackBytes, 0.25},
-    {"xml: quotes left open against events", "open_quotes", "events", Warmth::Cold, kAttackBytes,
-     0.25},
     {"xml: records with no name in common against records alike", "table_differing", "table_alike",
      Warmth::Cold, kRecords * 6, 0.25},
 };
