@@ -46,12 +46,13 @@ template <typename Scan, typename Unit>
 template <typename Scan, typename Unit>
 [[nodiscard]] const Unit* PastJsonComments(const Unit* at, const Unit* end, bool lines) {
     at = PastJsonComment<Scan>(at, end, lines);
-    while (!lines) {
-        const Unit* const next = Scan::PastBlanks(at, end);
-        if (!IsJsonComment(next, end)) {
-            break;
-        }
+    if (lines) {
+        return at;
+    }
+    const Unit* next = Scan::PastBlanks(at, end);
+    while (IsJsonComment(next, end)) {
         at = PastJsonComment<Scan>(next, end, lines);
+        next = Scan::PastBlanks(at, end);
     }
     return at;
 }

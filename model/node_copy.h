@@ -28,7 +28,5 @@ inline constexpr size_t kMaxCopyUnits = size_t{128} << 20;
                                                       std::span<const int32_t> rows,
                                                       CopyFormat format,
                                                       size_t maxUnits = kMaxCopyUnits);
-/// An element name made from a JSON key.
-[[nodiscard]] std::wstring XmlSafeName(std::wstring_view key);
 
 }  // namespace rl

@@ -39,16 +39,13 @@ public:
     void Step() {
         if (*at_ != '<') {
             ReadText();
-        } else if (end_ - at_ == 1) {
-            ReadStartTag();
-        } else if (at_[1] == '/') {
-            ReadEndTag();
-        } else if (at_[1] == '?') {
-            ReadInstruction();
-        } else if (at_[1] == '!') {
-            ReadDeclaration();
-        } else {
-            ReadStartTag();
+            return;
+        }
+        switch (end_ - at_ > 1 ? at_[1] : Unit{}) {
+            case '/': ReadEndTag(); break;
+            case '?': ReadInstruction(); break;
+            case '!': ReadDeclaration(); break;
+            default: ReadStartTag(); break;
         }
     }
 

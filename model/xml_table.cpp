@@ -120,6 +120,9 @@ void XmlTableView::Table::MakeKeyValue(const XmlDocument& document) {
 XmlCell XmlTableView::Table::RecordCell(const XmlDocument& document, size_t row,
                                         int32_t column) const {
     XmlCell cell;
+    if (!records) {
+        return cell;
+    }
     const int32_t index = records->At(row, column);
     if (index == detail::XmlRecordCells::kEmpty) {
         return cell;

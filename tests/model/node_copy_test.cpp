@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "model/copied_xml.h"
 #include "tests/support/outline_text.h"
 
 namespace rl {
