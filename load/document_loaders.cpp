@@ -35,7 +35,7 @@ Utf8Outcome ReadUtf8(const std::wstring& path, int64_t sizeLimit, const Encoding
     if (!ReadFileInPieces(path, sizeLimit, take, error, abandoned, stamp)) {
         return fits ? Utf8Outcome::Failed : Utf8Outcome::NotUtf8;
     }
-    if (!stream->Finish()) {
+    if (!stream || !stream->Finish()) {
         return Utf8Outcome::NotUtf8;
     }
     text = stream->TakeText();

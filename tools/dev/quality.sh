@@ -15,11 +15,11 @@ cmd_format() {
 # older name and not every warning of the other compiler.
 tidy_windows() {
   local gcc=/usr/lib/gcc/x86_64-w64-mingw32/12-posix/include
-  clang-tidy-16 --quiet -p build/mingw-release \
+  xargs -P2 -n4 clang-tidy-16 --quiet -p build/mingw-release \
     --extra-arg=--target=x86_64-w64-mingw32 \
     --extra-arg=-std=c++2b --extra-arg=-Wno-unknown-warning-option \
     --extra-arg=-isystem --extra-arg=$gcc/c++ \
-    --extra-arg=-isystem --extra-arg=$gcc/c++/x86_64-w64-mingw32 "$@"
+    --extra-arg=-isystem --extra-arg=$gcc/c++/x86_64-w64-mingw32
 }
 
 cmd_lint() {
@@ -30,8 +30,8 @@ cmd_lint() {
   our_sources | grep -E '^(model|view/logic|host/config|load/memory|load/text|fuzz)/.*\.cpp$' |
     grep -v platform_win32 |
     xargs -P2 -n4 clang-tidy-16 --quiet -p build/native-asan
-  # shellcheck disable=SC2046
-  tidy_windows $(our_sources |
-    grep -E '^(host/[^/]*|host/store/.*|load/[^/]*|load/files/.*|view/[^/]*|tools/common/.*|tools/lister/.*)\.cpp$')
+  our_sources |
+    grep -E '^(host/[^/]*|host/store/.*|load/[^/]*|load/files/.*|view/[^/]*|tools/common/.*|tools/lister/.*)\.cpp$' |
+    tidy_windows
   echo "lint: clean"
 }
