@@ -54,6 +54,9 @@ namespace rl {
 /// Posted by the viewer to itself when a document has been laid out: the focus may go to it.
 inline constexpr UINT kFocusRequest = WM_APP + 101;
 
+/// Posted when memory ended over telling what is on view: it is tried once more.
+inline constexpr UINT kTellAgain = WM_APP + 103;
+
 class Viewer final : public std::enable_shared_from_this<Viewer>,
                      private IGridListener,
                      private IFilterRowListener,
@@ -279,6 +282,9 @@ private:
     [[nodiscard]] bool TogglesByDoubleClick(GridCell cell) const;
     void UpdateValuePane();
     void UpdateStatusBar();
+    void ShowValue();
+    void ShowStatus();
+    Answer OnTellAgain();
     [[nodiscard]] StatusState DescribeStatus() const;
     [[nodiscard]] Grid::Style GridStyle() const;
 

@@ -70,6 +70,7 @@ Answer Viewer::Handle(const Message& in) {
         case WM_DPICHANGED:
         case WM_DPICHANGED_AFTERPARENT: return OnDpiChanged();
         case kFocusRequest: return OnFocusRequest();
+        case kTellAgain: return OnTellAgain();
         case kLoadFinished: return OnLoadFinished();
         default: return HandlePointer(in);
     }

@@ -1,6 +1,8 @@
 // What is on view: the current tab, the current cell's text, the status bar.
 #include "view/viewer.h"
 
+#include <exception>
+
 #include "host/store/settings.h"
 #include "view/control.h"
 #include "view/open_link.h"
@@ -85,7 +87,31 @@ std::wstring Viewer::FullCellText(GridCell cell) const {
                                         : grid_.CellText(cell.viewRow, cell.gridColumn);
 }
 
+// Whatever has changed has changed, told or not: no edit may stop half way because memory ends over
+// telling of it. A moment later there may be enough again.
 void Viewer::UpdateValuePane() {
+    try {
+        ShowValue();
+    } catch (const std::exception&) {
+        PostMessageW(window_, kTellAgain, 0, 0);
+    }
+}
+
+void Viewer::UpdateStatusBar() {
+    try {
+        ShowStatus();
+    } catch (const std::exception&) {
+        PostMessageW(window_, kTellAgain, 0, 0);
+    }
+}
+
+Answer Viewer::OnTellAgain() {
+    ShowValue();
+    ShowStatus();
+    return 0;
+}
+
+void Viewer::ShowValue() {
     if (!loaded_ || !settings_.valuePane) {
         return;
     }
@@ -93,7 +119,7 @@ void Viewer::UpdateValuePane() {
     pane_.Show(cell.IsCell() ? FullCellText(cell) : std::wstring());
 }
 
-void Viewer::UpdateStatusBar() {
+void Viewer::ShowStatus() {
     status_.Update(ComposeStatus(DescribeStatus()), dpi_);
 }
 

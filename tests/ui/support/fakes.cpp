@@ -88,6 +88,10 @@ BOOL WINAPI FakeSize(HANDLE file, PLARGE_INTEGER size) {
     return current->sizeFails ? FALSE : GetFileSizeEx(file, size);
 }
 
+BOOL WINAPI FakeInformation(HANDLE file, LPBY_HANDLE_FILE_INFORMATION found) {
+    return current->stampFails ? FALSE : GetFileInformationByHandle(file, found);
+}
+
 BOOL WINAPI FakeWriteSetting(LPCWSTR section, LPCWSTR key, LPCWSTR value, LPCWSTR file) {
     return current->settingsFail ? FALSE : WritePrivateProfileStringW(section, key, value, file);
 }
@@ -114,8 +118,9 @@ BOOL WINAPI FakeMeasure(HDC dc, LPCWSTR text, int length, LPSIZE size) {
 }
 
 void* FakeMalloc(size_t size) {
-    const bool fails =
-        std::exchange(nextAllocationFails, false) | std::exchange(current->memoryFailsOnce, false);
+    const bool counted = current->mallocsUntilFailure >= 0 && current->mallocsUntilFailure-- == 0;
+    const bool fails = std::exchange(nextAllocationFails, false) |
+                       std::exchange(current->memoryFailsOnce, false) | counted;
     return fails ? nullptr : std::malloc(size);
 }
 
@@ -173,6 +178,7 @@ void InstallFakes(HMODULE module) {
     tools::PatchImport(module, "GetTickCount64", &FakeClock);
     tools::PatchImport(module, "ReadFile", &FakeRead);
     tools::PatchImport(module, "GetFileSizeEx", &FakeSize);
+    tools::PatchImport(module, "GetFileInformationByHandle", &FakeInformation);
     tools::PatchImport(module, "SetWindowTheme", &FakeStyle);
     tools::PatchImport(module, "WritePrivateProfileStringW", &FakeWriteSetting);
     tools::PatchImport(module, "SetTimer", &FakeSetTimer);

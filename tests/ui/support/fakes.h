@@ -54,12 +54,14 @@ struct Fakes {
     bool filterBatchFails = false;           // DeferWindowPos of a filter box
     bool memoryFailsAfterMeasuring = false;  // the first malloc after a text was measured
     bool memoryFailsOnce = false;            // the next malloc
+    int mallocsUntilFailure = -1;            // so many come through, the next one fails
     UINT dpi = 0;                            // 0: the system's own answer
     ULONGLONG clockOffset = 0;               // added to GetTickCount64, milliseconds
     bool clockStopped = false;               // it stands at 1,000,000 then, plus the offset
     std::atomic<int> readDelay{0};           // before each ReadFile, milliseconds
     std::atomic<bool> readFails{false};      // every ReadFile
     std::atomic<bool> sizeFails{false};      // every GetFileSizeEx
+    std::atomic<bool> stampFails{false};     // every GetFileInformationByHandle
     std::atomic<int> readsUntilEnd{-1};  // ReadFile answers the end of the file when 0 is reached
     std::atomic<int> reads{0};           // how often ReadFile was called
     std::set<std::string> failing;       // functions that are to fail, by name
