@@ -159,6 +159,65 @@ TEST(SaveConflict, SurvivesAHostThatDestroysTheViewerMeanwhile) {
     EXPECT_EQ(it.Bytes(), kForeign);
 }
 
+// --- A system that does not tell the state of a file: no reason to ask, and none to refuse.
+
+TEST(SaveConflict, SavesAFileWhoseStampCouldNotBeReadWhenItWasOpened) {
+    UiHost host({.ini = "start-mode=edit\n"});
+    TheFakes().stampFails = true;
+    const auto file = host.Write(L"data.csv", kTable);
+    const Viewer viewer = host.Open(file);
+    TheFakes().stampFails = false;
+    EditCell(viewer, 1, 1, L"paris");
+    TheFakes().boxAnswer = IDNO;
+    Key('S', {VK_CONTROL});
+    EXPECT_TRUE(TheFakes().boxes.empty());
+    EXPECT_EQ(BytesOf(file), kEdited);
+    EXPECT_EQ(viewer.Status(4), L" 2:2 EDIT");
+}
+
+TEST(SaveConflict, NoticesChangesAgainOnceTheStampOfASaveCouldBeRead) {
+    UiHost host({.ini = "start-mode=edit\n"});
+    TheFakes().stampFails = true;
+    const auto file = host.Write(L"data.csv", kTable);
+    const Viewer viewer = host.Open(file);
+    TheFakes().stampFails = false;
+    EditCell(viewer, 1, 1, L"paris");
+    Key('S', {VK_CONTROL});
+    host.Write(L"data.csv", kForeign);
+    EditCell(viewer, 1, 1, L"bern");
+    TheFakes().boxAnswer = IDNO;
+    Key('S', {VK_CONTROL});
+    EXPECT_EQ(TheFakes().boxes.size(), 1u);
+    EXPECT_EQ(BytesOf(file), kForeign);
+}
+
+TEST(SaveConflict, SavesAFileWhoseStampCannotBeReadNow) {
+    const Opened it;
+    it.Edit();
+    TheFakes().stampFails = true;
+    TheFakes().boxAnswer = IDNO;
+    Key('S', {VK_CONTROL});
+    EXPECT_EQ(it.Bytes(), kEdited);
+    it.Edit(L"bern");
+    Key('S', {VK_CONTROL});
+    EXPECT_EQ(it.Bytes(), "name,city\nann,rome\nbob,bern\n");
+    EXPECT_TRUE(TheFakes().boxes.empty());
+    EXPECT_EQ(TemporaryFilesBeside(it.file), 0);
+}
+
+TEST(SaveConflict, AsksNothingOfAStampFromBeforeAnUnreadableOne) {
+    const Opened it;
+    it.Edit();
+    TheFakes().stampFails = true;
+    Key('S', {VK_CONTROL});
+    TheFakes().stampFails = false;
+    it.Edit(L"bern");
+    TheFakes().boxAnswer = IDNO;
+    Key('S', {VK_CONTROL});  // the file is another one than was read, by our own hand
+    EXPECT_TRUE(TheFakes().boxes.empty());
+    EXPECT_EQ(it.Bytes(), "name,city\nann,rome\nbob,bern\n");
+}
+
 }  // namespace
 
 }  // namespace rl::test
