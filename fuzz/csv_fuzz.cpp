@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "model/csv_dialect.h"
@@ -180,6 +181,20 @@ bool IsSound(const CsvModel& model) {
     return quote != model.Delimiter() && !IsBreak(model.Delimiter());
 }
 
+/// Rows as a text can hold them: cells that are missing are empty, and a last row of nothing that
+/// no line break follows is none.
+Table AsWritten(Table table, size_t rows) {
+    for (auto& row : table) {
+        while (!row.empty() && row.back().empty()) {
+            row.pop_back();
+        }
+    }
+    if (table.size() == rows + 1 && table.back().empty()) {
+        table.pop_back();
+    }
+    return table;
+}
+
 /// Where comments are told apart, an edit may make one of a row: only without them the law is
 /// plain.
 void RequireSaved(const CsvModel& model, const Input& in, const Table* table) {
@@ -190,30 +205,134 @@ void RequireSaved(const CsvModel& model, const Input& in, const Table* table) {
     options.delimiter = model.Delimiter();
     CsvModel saved;
     Require(saved.Parse(model.Serialize(), options), "an edited text can be parsed again");
-    Require(table == nullptr || ReadTable(saved) == *table, "an edit is written to its cell only");
+    const size_t rows = ReadTable(saved).size();
+    Require(table == nullptr || AsWritten(ReadTable(saved), rows) == AsWritten(*table, rows),
+            "what is saved parses again to the same cells");
 }
 
+/// A document and a plain table that undergo the same edits. Which ones is drawn from a number, so
+/// that one input always makes the same ones.
+class EditedTwins {
+public:
+    EditedTwins(CsvModel& model, uint32_t seed)
+        : model_(model), table_(ReadTable(model)), seed_(seed) {}
+
+    void Edit() {
+        switch (Draw(6)) {
+            case 0:
+            case 1: SetCell(); break;
+            case 2: InsertRow(); break;
+            case 3: DeleteRow(); break;
+            case 4: DeleteRows(); break;
+            default: DeleteColumn(); break;
+        }
+        Require(ReadTable(model_) == table_, "an edit shows where it was made and nowhere else");
+        Require(model_.IsModified() || !edited_, "an edited document is modified");
+    }
+
+    [[nodiscard]] const Table& Rows() const { return table_; }
+    /// Comment rows are saved with what stands in a column that has gone.
+    [[nodiscard]] bool AreSavedAsShown() const { return !commentsDiffer_; }
+
+private:
+    uint32_t Draw(uint32_t below) {
+        seed_ = seed_ * 1664525 + 1013904223;
+        return (seed_ >> 8) % below;
+    }
+    int32_t DrawRow() { return static_cast<int32_t>(Draw(static_cast<uint32_t>(table_.size()))); }
+    int32_t DrawColumn() {
+        return static_cast<int32_t>(Draw(static_cast<uint32_t>(model_.ColumnCount())));
+    }
+    [[nodiscard]] bool HasCells() const { return !table_.empty() && model_.ColumnCount() > 0; }
+
+    void SetCell() {
+        static constexpr std::array<std::wstring_view, 8> kValues = {
+            L"x", L"", L"a,b;c|d", L"say \"'hi'\" #", L" lead", L"two\r\nlines", L"trail\t", L"\""};
+        if (!HasCells()) {
+            return;
+        }
+        const int32_t row = DrawRow();
+        const int32_t column = DrawColumn();
+        const std::wstring_view value = kValues[Draw(kValues.size())];
+        if (model_.IsCellEditable(row, column)) {
+            table_[static_cast<size_t>(row)][static_cast<size_t>(column)] = value;
+            edited_ = true;
+        }
+        model_.SetCellText(row, column, value);
+    }
+
+    void InsertRow() {
+        if (table_.empty()) {
+            Require(!model_.InsertRowBelow(0), "there is nothing below no row");
+            return;
+        }
+        const int32_t row = DrawRow();
+        Require(model_.InsertRowBelow(row), "a row goes below any row");
+        table_.emplace(table_.begin() + row + 1, static_cast<size_t>(model_.ColumnCount()));
+        edited_ = true;
+    }
+
+    void DeleteRow() {
+        if (table_.empty()) {
+            return;
+        }
+        const int32_t row = DrawRow();
+        Require(model_.DeleteRow(row), "any row can go");
+        table_.erase(table_.begin() + row);
+        edited_ = true;
+    }
+
+    void DeleteRows() {
+        std::vector<int32_t> rows;
+        Table kept;
+        const uint32_t among = 1 + Draw(4);
+        for (size_t row = 0; row < table_.size(); ++row) {
+            if (Draw(among) == 0) {
+                rows.push_back(static_cast<int32_t>(row));
+            } else {
+                kept.push_back(table_[row]);
+            }
+        }
+        Require(model_.DeleteRows(rows) == !rows.empty(), "any rows can go");
+        edited_ = edited_ || !rows.empty();
+        table_ = std::move(kept);
+    }
+
+    void DeleteColumn() {
+        if (!HasCells()) {
+            return;
+        }
+        for (int32_t row = 0; row < model_.RowCount(); ++row) {
+            commentsDiffer_ = commentsDiffer_ || model_.IsCommentRow(row);
+        }
+        const int32_t column = DrawColumn();
+        Require(model_.DeleteColumn(column), "any column can go");
+        for (auto& row : table_) {
+            row.erase(row.begin() + column);
+        }
+        edited_ = true;
+    }
+
+    CsvModel& model_;
+    Table table_;
+    uint32_t seed_;
+    bool edited_ = false;
+    bool commentsDiffer_ = false;
+};
+
 void CheckEdits(CsvModel& model, const Input& in) {
-    static constexpr std::array<std::wstring_view, 6> kValues = {
-        L"x", L"a,b;c|d", L"say \"'hi'\" #", L" lead", L"two\r\nlines", L"trail\t"};
-    Table table = ReadTable(model);
-    if (table.empty() || model.ColumnCount() == 0 || !IsSound(model)) {
+    if (!IsSound(model)) {
         return;
     }
-    const int32_t row = in.choice % model.RowCount();
-    const int32_t column = in.choice / 16 % model.ColumnCount();
-    const std::wstring_view value = kValues[in.choice % kValues.size()];
-    if (model.IsCellEditable(row, column)) {
-        model.SetCellText(row, column, value);
-        table[static_cast<size_t>(row)][static_cast<size_t>(column)] = value;
-        Require(ReadTable(model) == table, "an edit shows in its cell only");
-        RequireSaved(model, in, &table);
+    uint32_t seed = in.choice;
+    for (const wchar_t unit : in.text) {
+        seed = seed * 31 + static_cast<uint32_t>(unit);
     }
-    Require(model.InsertRowBelow(row), "a row goes below any row");
-    model.SetCellText(row + 1, column, value);
-    Require(model.DeleteRow(in.choice % model.RowCount()), "any row can go");
-    Require(model.DeleteColumn(column), "any column can go");
-    RequireSaved(model, in, nullptr);
+    EditedTwins twins(model, seed);
+    for (int edits = 1 + in.choice % 8; edits > 0; --edits) {
+        twins.Edit();
+        RequireSaved(model, in, twins.AreSavedAsShown() ? &twins.Rows() : nullptr);
+    }
 }
 
 }  // namespace

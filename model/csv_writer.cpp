@@ -98,7 +98,7 @@ private:
     void FlushRun() {
         if (runStart_ < runEnd_) {
             EndRowBefore();
-            out_.append(model_.text, runStart_, runEnd_ - runStart_);
+            AppendAtRow(std::wstring_view(model_.text).substr(runStart_, runEnd_ - runStart_));
             lacksLineBreak_ = runEnd_ == model_.text.size() && lastRecordLacksLineBreak_;
         }
         runStart_ = runEnd_ = 0;
@@ -106,8 +106,17 @@ private:
 
     void EndRowBefore() {
         if (std::exchange(lacksLineBreak_, false)) {
-            out_.append(model_.lineEnding);
+            AppendAtRow(model_.lineEnding);
         }
+    }
+
+    /// Appends what may begin with the line break of an empty row. Behind the CR of the row above,
+    /// an LF would be one break with it and the empty row gone: a CR of its own keeps them apart.
+    void AppendAtRow(std::wstring_view text) {
+        if (text.starts_with(L'\n') && out_.ends_with(L'\r')) {
+            out_.push_back(L'\r');
+        }
+        out_.append(text);
     }
 
     void SkipEditsBefore(int32_t id) {
@@ -153,7 +162,8 @@ private:
                 out_.append(field);
             }
         }
-        out_.append(model_.text, size_t{record.start} + record.length, record.lineBreakLength);
+        AppendAtRow(std::wstring_view(model_.text)
+                        .substr(size_t{record.start} + record.length, record.lineBreakLength));
         lacksLineBreak_ = record.lineBreakLength == 0;
     }
 

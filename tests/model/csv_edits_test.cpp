@@ -285,6 +285,22 @@ TEST_F(CsvEdits, WriteWhatLooksLikeACommentAsItStands) {
     EXPECT_TRUE(model.IsCommentRow(2));
 }
 
+// The LF of an empty row behind a CR would be one line break with it.
+TEST_F(CsvEdits, KeepAnEmptyRowApartFromTheCrAboveIt) {
+    Load(L"a\rb\nc\n");
+    model.SetCellText(1, 0, L"");
+    EXPECT_EQ(Saved(), L"a\r\r\nc\n");
+    Load(L"a\rb\n\n\nc\n");
+    ASSERT_TRUE(model.DeleteRow(1));
+    EXPECT_EQ(Saved(), L"a\r\r\n\nc\n");
+    Load(L"a\nb\rc\n");
+    ASSERT_TRUE(model.InsertRowBelow(1));
+    EXPECT_EQ(Saved(), L"a\nb\r\r\nc\n");
+    Load(L"a,b\n1,2\r3\n\n");
+    ASSERT_TRUE(model.DeleteColumn(0));
+    EXPECT_EQ(Saved(), L"b\n2\r\r\n\n");
+}
+
 TEST_F(CsvEdits, MayDeleteEveryRow) {
     Load(L"a\nb");
     ASSERT_TRUE(model.DeleteRow(0));
