@@ -140,6 +140,18 @@ TEST_P(FindInOutline, GoesOnInRowsThatMovedUp) {
     ExpectAt(At(), L"z");
 }
 
+TEST_P(FindInOutline, BeginsAnewWhereAFilterTookTheHitAway) {
+    GoTo(L"k3");
+    SetWindowTextW(GetDlgItem(viewer_.Window(), 2000), L"k2");
+    PumpIdle();
+    ASSERT_EQ(RowOf(L"k3"), -1);
+    EXPECT_EQ(Search(0), kSearchHit);
+    ExpectAt(At(), L"k2");
+    EXPECT_EQ(Search(0), kSearchHit);
+    ExpectAt(At(), L"k2");
+    EXPECT_EQ(Search(0), kSearchMiss);
+}
+
 TEST_P(FindInOutline, ShowsAndDescribesTheHitItRevealed) {
     GoTo(L"k1");
     Collapse(L"b");
