@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/allocation_limit.h"
 #include "tests/support/memory_table.h"
 
 namespace rl {
@@ -178,6 +179,27 @@ TEST(RowView, ClosesUpWhereRowsWereDeleted) {
     ASSERT_EQ(view.VisibleRowCount(), 2);
     EXPECT_EQ(view.ModelRow(0), 1);
     EXPECT_EQ(view.ModelRow(1), 0);
+}
+
+// The model has changed by then: the view must follow it, come what may.
+TEST(RowView, FollowsInsertionsAndDeletionsWithoutAnyMemory) {
+    MemoryTable table = MemoryTable::Column({L"d", L"a", L"c", L"b"});
+    RowView view(table, false);
+    view.SetSort(0, 1);
+    ASSERT_EQ(RowsOf(view), (RowList{1, 3, 2, 0}));
+    view.MakeRoom();
+    table.Content().insert(table.Content().begin() + 4, {L"new"});
+    {
+        const test::AllocationLimit limit(0);
+        view.RowInserted(1);
+    }
+    EXPECT_EQ(RowsOf(view), (RowList{1, 3, 4, 2, 0}));
+    static constexpr int32_t kDeleted[] = {0, 3};
+    {
+        const test::AllocationLimit limit(0);
+        view.RowsDeleted(kDeleted);
+    }
+    EXPECT_EQ(RowsOf(view), (RowList{0, 2, 1}));
 }
 
 TEST(RowView, SurvivesTheLossOfItsSortColumn) {
