@@ -164,10 +164,14 @@ bool Viewer::OnCellPressed(GridClick, GridCell) {
 
 /// In an outline, unless the double click begins to edit a value.
 bool Viewer::TogglesByDoubleClick(GridCell cell) const {
+    if (!document_.ShowsOutline()) {
+        return false;
+    }
     const int column = grid_.DataColumn(cell.gridColumn);
-    return document_.ShowsOutline() &&
-           !(editMode_ && column != 0 &&
-             document_.outline->IsCellEditable(document_.rows->ModelRow(cell.viewRow), column));
+    const bool beginsEdit =
+        editMode_ && column != 0 &&
+        document_.outline->IsCellEditable(document_.rows->ModelRow(cell.viewRow), column);
+    return !beginsEdit;
 }
 
 void Viewer::OnCellClicked(GridClick click, GridCell cell) {
