@@ -145,6 +145,7 @@ public:
     [[nodiscard]] bool HasLineNumbers() const {
         return view_ != nullptr && columns_.HasLineNumbers();
     }
+    [[nodiscard]] bool HasGridLines() const;
     /// The model's column behind a grid column; -1 for the line numbers and outside the grid.
     [[nodiscard]] int DataColumn(int gridColumn) const;
     /// The grid column that shows a data column; -1 outside the grid.
@@ -192,7 +193,9 @@ private:
     Answer OnHeaderDraw(NMCUSTOMDRAW& draw);
     Answer OnHeaderRightClick();
     Answer OnCellDraw(NMLVCUSTOMDRAW& draw);
-    void FillAboveRows(HDC dc) const;
+    void FillAboveRows() const;
+    /// The first pixels of a row: some list views begin their rows to the right of them.
+    [[nodiscard]] Rect MarginOfRow(int viewRow) const;
     LRESULT OnRowDraw(NMLVCUSTOMDRAW& draw);
     LRESULT OnSubitemDraw(NMLVCUSTOMDRAW& draw);
     LRESULT OnOutlineNameDraw(HDC dc, GridCell cell, const Rect& rect);
@@ -209,7 +212,6 @@ private:
     [[nodiscard]] std::vector<int> Measure();
     void ApplyColumns(const std::vector<int>& widths);
     [[nodiscard]] Rect HeaderItemRect(int gridColumn) const;
-    [[nodiscard]] bool HasGridLines() const;
 
     [[nodiscard]] const TreeTableView* Outline() const {
         return view_ != nullptr ? style_.outline : nullptr;
@@ -231,6 +233,7 @@ private:
     void FindHotRow();
 
     void RedrawRow(int viewRow);
+    void RedrawMargin(int viewRow);
     void DeselectAll();
     void FitColumn(int gridColumn);
     void TellColumnsMoved();

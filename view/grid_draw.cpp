@@ -21,15 +21,16 @@ void UseColors(NMLVCUSTOMDRAW& draw, const CellColors& colors) {
 
 Answer Grid::OnCellDraw(NMLVCUSTOMDRAW& draw) {
     switch (draw.nmcd.dwDrawStage) {
-        case CDDS_PREPAINT: FillAboveRows(draw.nmcd.hdc); return CDRF_NOTIFYITEMDRAW;
+        case CDDS_PREPAINT: return CDRF_NOTIFYITEMDRAW;
         case CDDS_ITEMPREPAINT: return OnRowDraw(draw);
         case CDDS_ITEMPREPAINT | CDDS_SUBITEM: return OnSubitemDraw(draw);
         default: return CDRF_DODEFAULT;
     }
 }
 
-// Some list views leave a gap of two pixels between header and rows and paint nothing there.
-void Grid::FillAboveRows(HDC dc) const {
+// Some list views leave a gap of two pixels between header and rows and paint nothing there, not
+// even from their own buffer: what stood there before would stay, a scroll bar's arrow for one.
+void Grid::FillAboveRows() const {
     RECT row{};
     row.left = LVIR_BOUNDS;
     const LRESULT top = SendMessageW(window_, LVM_GETTOPINDEX, 0, 0);
@@ -37,9 +38,21 @@ void Grid::FillAboveRows(HDC dc) const {
     if (SendMessageW(window_, LVM_GETITEMRECT, static_cast<WPARAM>(top),
                      reinterpret_cast<LPARAM>(&row)) != 0 &&
         row.top > headerBottom) {
-        FillSolid(dc, {0, headerBottom, ClientRect(window_).width, row.top - headerBottom},
+        const WindowDc dc(window_);
+        FillSolid(dc.Get(), {0, headerBottom, ClientRect(window_).width, row.top - headerBottom},
                   colors_.headerBack);
     }
+}
+
+Rect Grid::MarginOfRow(int viewRow) const {
+    constexpr int kMargin = 2;  // pixels, at every dpi
+    RECT row{};
+    row.left = LVIR_BOUNDS;
+    if (viewRow < 0 || SendMessageW(window_, LVM_GETITEMRECT, static_cast<WPARAM>(viewRow),
+                                    reinterpret_cast<LPARAM>(&row)) == 0) {
+        return {};
+    }
+    return {HeaderItemRect(0).left, row.top, kMargin, row.bottom - row.top};
 }
 
 LRESULT Grid::OnRowDraw(NMLVCUSTOMDRAW& draw) {
@@ -47,7 +60,10 @@ LRESULT Grid::OnRowDraw(NMLVCUSTOMDRAW& draw) {
     drawnRowIsSelected_ =
         (SendMessageW(window_, LVM_GETITEMSTATE, static_cast<WPARAM>(viewRow), LVIS_SELECTED) &
          LVIS_SELECTED) != 0;
-    UseColors(draw, ColorsFor(colors_, {.viewRow = viewRow, .selected = drawnRowIsSelected_}));
+    const CellColors colors =
+        ColorsFor(colors_, {.viewRow = viewRow, .selected = drawnRowIsSelected_});
+    UseColors(draw, colors);
+    FillSolid(draw.nmcd.hdc, MarginOfRow(viewRow), colors.back);
     const bool numbers = std::ranges::find(metrics_.isNumeric, true) != metrics_.isNumeric.end();
     const bool subitems = NeedsSubitemPainting(HasLineNumbers(), style_.decimalAlign && numbers,
                                                Outline() != nullptr, viewRow == current_.viewRow);

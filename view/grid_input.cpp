@@ -45,6 +45,11 @@ Answer Grid::OnMessage(HWND window, const Message& in) {
             const FlagScope own(movingFocus_);
             return DefSubclassProc(window, in.id, in.wparam, in.lparam);
         }
+        case WM_PAINT: {
+            const LRESULT result = DefSubclassProc(window, in.id, in.wparam, in.lparam);
+            FillAboveRows();
+            return result;
+        }
         default: break;
     }
     if (const Answer used = listener_->OnGridMessage(in)) {
@@ -139,6 +144,7 @@ Answer Grid::OnNotify(NMHDR& note) {
         case LVN_GETDISPINFOW: return OnCellText(reinterpret_cast<NMLVDISPINFOW&>(note));
         case LVN_ODFINDITEMW: return OnFindItem(reinterpret_cast<NMLVFINDITEMW&>(note));
         case LVN_ITEMCHANGED: return OnItemChanged(reinterpret_cast<NMLISTVIEW&>(note));
+        case LVN_ODSTATECHANGED: RedrawMargin(-1); return 0;
         case LVN_COLUMNCLICK: return OnColumnClick(reinterpret_cast<NMLISTVIEW&>(note));
         case NM_CLICK: return OnClick(GridClick::Single, reinterpret_cast<NMITEMACTIVATE&>(note));
         case NM_DBLCLK: return OnClick(GridClick::Double, reinterpret_cast<NMITEMACTIVATE&>(note));
@@ -155,6 +161,7 @@ Answer Grid::OnItemChanged(const NMLISTVIEW& note) {
     if (focused && note.iItem >= 0 && !movingFocus_) {
         SetCurrent({note.iItem, current_.gridColumn});
     }
+    RedrawMargin(note.iItem);
     return 0;
 }
 
@@ -210,6 +217,19 @@ void Grid::SetCurrent(GridCell cell) {
 void Grid::RedrawRow(int viewRow) {
     if (viewRow >= 0) {
         SendMessageW(window_, LVM_REDRAWITEMS, static_cast<WPARAM>(viewRow), viewRow);
+        RedrawMargin(viewRow);
+    }
+}
+
+/// Together with its row; of every row with -1. The list view does not know that it is ours.
+void Grid::RedrawMargin(int viewRow) {
+    Rect margin = MarginOfRow(viewRow < 0 ? TopRow() : viewRow);
+    if (viewRow < 0) {
+        margin.height = ClientRect(window_).height;
+    }
+    if (!margin.IsEmpty()) {
+        const RECT area = ToRECT(margin);
+        InvalidateRect(window_, &area, FALSE);
     }
 }
 

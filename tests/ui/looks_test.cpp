@@ -1,0 +1,91 @@
+// What a demanding eye sees: nothing cut off, nothing left over, everything on one line.
+#include <gtest/gtest.h>
+
+#include "tests/ui/support/editing.h"
+#include "tests/ui/support/fakes.h"
+#include "tests/ui/support/input.h"
+#include "tests/ui/support/pump.h"
+#include "tests/ui/support/ui_host.h"
+
+namespace rl::test {
+
+namespace {
+
+constexpr const char* kTable = "name,city\nAnn,Rome\nBob,Oslo\nCem,Bern\n";
+constexpr const char* kArray = R"([{"a":1},{"a":2}])";
+constexpr COLORREF kRed = RGB(255, 0, 0);
+constexpr COLORREF kLime = RGB(0, 255, 0);
+
+RECT ScreenRectOf(HWND window) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return rect;
+}
+
+/// The window with its frame, as the screen shows it.
+tools::Image PictureOf(HWND window) {
+    const HWND root = GetAncestor(window, GA_ROOT);
+    const RECT frame = ScreenRectOf(root);
+    RECT rect = ScreenRectOf(window);
+    OffsetRect(&rect, -frame.left, -frame.top);
+    return tools::CaptureWindow(root).Part(rect);
+}
+
+/// The first and the last line of pixels with the colour.
+struct Band {
+    int top = -1;
+    int bottom = -1;
+};
+
+Band BandOf(const tools::Image& picture, COLORREF color) {
+    Band band;
+    for (int y = 0; y < picture.height; ++y) {
+        if (picture.Count({0, y, picture.width, y + 1}, color) > 0) {
+            band.top = band.top < 0 ? y : band.top;
+            band.bottom = y;
+        }
+    }
+    return band;
+}
+
+TEST(SelectedRow, BeginsAtTheLeftEdgeAndLeavesNothingThere) {
+    UiHost host({.ini = "selection-back-color=255\nback-color=65280\nback-color2=65280\n"});
+    const Viewer viewer = host.OpenText(R"({"a":1,"b":2})", L"data.json");
+    const auto edgeOf = [&](int row) {
+        return Viewer::ColorAt(viewer.Grid(), {0, viewer.CellCenter(row, 0).y});
+    };
+    EXPECT_EQ(edgeOf(0), kRed);
+
+    ClickCell(viewer, 2, 1);
+
+    EXPECT_EQ(edgeOf(0), kLime);
+    EXPECT_EQ(edgeOf(2), kRed);
+}
+
+TEST(RecordTable, LeavesNothingOfTheOutlinesScrollBar) {
+    std::string text = "[";
+    for (int i = 0; i < 4; ++i) {
+        text += R"({"a":1,"b":2,"c":3,"d":4},)";
+    }
+    text.back() = ']';
+    UiHost host({.ini = "header-back-color=255\nback-color=65280\nback-color2=65280\n",
+                 .width = 900,
+                 .height = 400});
+    const Viewer viewer = host.OpenText(text, L"data.json");
+    ClickCell(viewer, 1, 0);
+    Key('T', {VK_CONTROL});
+    PumpIdle();
+
+    RECT header{};
+    GetClientRect(viewer.Header(), &header);
+    RECT client{};
+    GetClientRect(viewer.Grid(), &client);
+    const int bottom = viewer.CellRect(0, 0).top;
+    const RECT gap{0, header.bottom, client.right, bottom};
+    EXPECT_EQ(Viewer::CountColor(viewer.Grid(), gap, kRed),
+              (gap.right - gap.left) * (gap.bottom - gap.top));
+}
+
+}  // namespace
+
+}  // namespace rl::test
