@@ -48,6 +48,26 @@ Band BandOf(const tools::Image& picture, COLORREF color) {
     return band;
 }
 
+/// Lines of pixels with a text cell and a number cell of one row.
+void ExpectEqualLines(const std::string& ini) {
+    UiHost host({.ini = "text-color=255\nback-color=0\nback-color2=0\n" + ini});
+    const Viewer viewer = host.OpenText("a,b\n1,1\nx,1.5\n");
+    const tools::Image grid = Viewer::Picture(viewer.Grid());
+    const Band number = BandOf(grid.Part(viewer.CellRect(0, 1)), kRed);
+    UiHost plain({.ini = "decimal-align=0\ntext-color=255\nback-color=0\nback-color2=0\n" + ini});
+    const Viewer other = plain.OpenText("a,b\n1,1\nx,1.5\n");
+    const Band text = BandOf(Viewer::Picture(other.Grid()).Part(other.CellRect(0, 1)), kRed);
+
+    EXPECT_EQ(number.top, text.top);
+    EXPECT_EQ(number.bottom, text.bottom);
+}
+
+TEST(NumberCell, StandsOnTheLineOfItsNeighbours) {
+    ExpectEqualLines("");
+    ExpectEqualLines("font-size=24\n");
+    ExpectEqualLines("font-size=24\ndisable-grid-lines=1\n");
+}
+
 TEST(SelectedRow, BeginsAtTheLeftEdgeAndLeavesNothingThere) {
     UiHost host({.ini = "selection-back-color=255\nback-color=65280\nback-color2=65280\n"});
     const Viewer viewer = host.OpenText(R"({"a":1,"b":2})", L"data.json");

@@ -16,8 +16,8 @@ Rect Span(const Rect& cell, int left, int right) {
 }
 
 void AddLines(CellPlan& plan, const Rect& cell) {
-    plan.lines[0] = {cell.Right() - 1, cell.top, 1, cell.height};
-    plan.lines[1] = {cell.left, cell.Bottom() - 1, cell.width, 1};
+    plan.lines[0] = {cell.Right() - kGridLine, cell.top, kGridLine, cell.height};
+    plan.lines[1] = {cell.left, cell.Bottom() - kGridLine, cell.width, kGridLine};
 }
 
 CellPlan PlanLineNumber(const ThemeColors& theme, const CellInput& cell) {
@@ -76,6 +76,9 @@ CellPlan PlanCell(const ThemeColors& theme, const CellInput& cell) {
     }
     if (plan.custom && cell.gridLines) {
         AddLines(plan, cell.rect);
+        for (TextPiece& piece : plan.pieces) {  // above its line, as the list view's own texts are
+            piece.rect.height = std::max(0, piece.rect.height - kGridLine);
+        }
     }
     return plan;
 }

@@ -13,6 +13,8 @@
 
 namespace rl {
 
+inline constexpr int kGridLine = 1;  // pixels, at every dpi
+
 struct CellState {
     int32_t viewRow = 0;
     bool selected = false;  // the row is

@@ -105,6 +105,14 @@ TEST(PlanCell, WritesALineNumberAtTheRightInItsOwnColours) {
     EXPECT_TRUE(plan.lines[0].IsEmpty());
 }
 
+TEST(PlanCell, CentresTextsAboveTheGridLine) {
+    CellInput cell = Number(L"1.5");
+    cell.gridLines = true;
+
+    EXPECT_EQ(PlanCell(kTheme, cell).pieces[0].rect, (Rect{106, 40, 30, 19}));
+    EXPECT_EQ(PlanCell(kTheme, cell).pieces[1].rect.height, 19);
+}
+
 TEST(PlanCell, DrawsGridLinesOnlyInCellsItPaints) {
     CellInput cell = Number(L"3");
     cell.gridLines = true;
