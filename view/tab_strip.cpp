@@ -113,7 +113,9 @@ void TabStrip::DrawTab(HDC dc, const Rect& rect, int index) const {
     const SelectScope font(dc, current ? bold_ : normal_);
     const int mode = SetBkMode(dc, TRANSPARENT);
     const COLORREF previous = SetTextColor(dc, text);
-    DrawIn(dc, rect, kTitles[index], DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+    // Above where the bar is or would be: no text moves when its tab becomes current.
+    const Rect above{rect.left, rect.top, rect.width, rect.height - Scale(kAccentHeight, dpi_)};
+    DrawIn(dc, above, kTitles[index], DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
     SetTextColor(dc, previous);
     SetBkMode(dc, mode);
 }
