@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "view/control.h"
+#include "view/logic/edit_place.h"
 #include "view/logic/edit_rules.h"
 
 namespace rl {
@@ -14,6 +15,9 @@ namespace {
 
 /// Posted by an editor to itself: the focus is to come back to it.
 constexpr UINT kTakeFocus = WM_APP + 110;
+
+/// Where a list view begins the text of a cell, pixels whatever the dpi.
+constexpr int kCellTextLeft = 6;
 
 /// What Ctrl and the backspace key type. No text, though edit controls take it for one.
 constexpr WPARAM kDelete = 0x7F;
@@ -46,14 +50,23 @@ void DeleteWordLeft(HWND edit) try {
     MessageBeep(MB_ICONWARNING);
 }
 
+/// The text begins where that of the cell did.
+void SetLeftMargin(HWND edit) {
+    RECT line{};
+    SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&line));
+    const int margin = LOWORD(SendMessageW(edit, EM_GETMARGINS, 0, 0));
+    const int wanted = PlanEditMargin(kCellTextLeft, margin, static_cast<int>(line.left));
+    SendMessageW(edit, EM_SETMARGINS, EC_LEFTMARGIN, MAKELPARAM(wanted, 0));
+}
+
 }  // namespace
 
 // Half an editor is none.
-bool CellEditor::Open(HWND parent, const RECT& place, const std::wstring& text, HFONT font,
+bool CellEditor::Open(HWND parent, const RECT& place, const std::wstring& text, const Look& look,
                       ICellEditorListener& listener) {
     Close();
     try {
-        if (OpenWindow(parent, place, text, font, listener)) {
+        if (OpenWindow(parent, place, text, look, listener)) {
             return true;
         }
     } catch (const std::exception&) {
@@ -64,22 +77,25 @@ bool CellEditor::Open(HWND parent, const RECT& place, const std::wstring& text, 
     return false;
 }
 
-bool CellEditor::OpenWindow(HWND parent, const RECT& place, const std::wstring& text, HFONT font,
-                            ICellEditorListener& listener) {
+bool CellEditor::OpenWindow(HWND parent, const RECT& place, const std::wstring& text,
+                            const Look& look, ICellEditorListener& listener) {
     listener_ = &listener;
-    window_ = CreateControl(parent, L"Edit", L"", WS_BORDER | ES_AUTOHSCROLL, kCellEditorId);
+    window_ = CreateControl(parent, L"Edit", L"", kEditLineStyle, kCellEditorId);
     if (window_ == nullptr) {
         return false;
     }
-    SetControlFont(window_, font);
+    line_ = {
+        .below = look.gridLine, .back = look.back, .frame = look.frame, .focusFrame = look.frame};
+    SetFont(look.font);
     SendMessageW(window_, EM_SETLIMITTEXT, 0, 0);  // as much as it can hold
     SetWindowTextW(window_, text.c_str());
     opened_ = WindowText(window_);
-    MoveTo(place);
     if (!subclass_.Attach(
             window_, [this](HWND window, const Message& in) { return OnMessage(window, in); })) {
         return false;
     }
+    MoveTo(place);
+    SetLeftMargin(window_);
     SendMessageW(window_, EM_SETSEL, 0, -1);
     ShowWindow(window_, SW_SHOW);
     SetFocus(window_);
@@ -102,6 +118,14 @@ std::wstring CellEditor::Text() const {
 void CellEditor::MoveTo(const RECT& place) {
     SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
                  place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void CellEditor::SetFont(HFONT font) {
+    if (window_ != nullptr) {
+        line_.lineHeight = LineHeight(window_, font);
+        SetControlFont(window_, font);
+        RefitEditLine(window_, line_);
+    }
 }
 
 void CellEditor::ShowReason(const std::wstring& reason) {
@@ -141,7 +165,7 @@ Answer CellEditor::OnMessage(HWND window, const Message& in) {
             ShowReason(std::exchange(reason_, {}));
             return 0;
         case WM_DESTROY: window_ = nullptr; return std::nullopt;
-        default: return std::nullopt;
+        default: return OnEditLineMessage(window, in, line_);
     }
 }
 

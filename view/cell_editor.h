@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 
+#include "view/edit_line.h"
 #include "view/message.h"
 #include "view/subclass.h"
 
@@ -36,16 +37,25 @@ protected:
 
 class CellEditor {
 public:
+    /// What the editor looks like. The font is borrowed.
+    struct Look {
+        HFONT font = nullptr;
+        COLORREF back = 0;
+        COLORREF frame = 0;
+        int gridLine = 0;  // pixels of the cell that its lower line takes
+    };
+
     CellEditor() = default;
     CellEditor(const CellEditor&) = delete;
     CellEditor& operator=(const CellEditor&) = delete;
     ~CellEditor() = default;
 
     /// Lays an editor with this text over a part of `parent`, all of it selected, and gives it the
-    /// focus. The font is borrowed. False when the system refuses; then, and when memory runs out,
-    /// none is open.
-    bool Open(HWND parent, const RECT& place, const std::wstring& text, HFONT font,
+    /// focus. False when the system refuses; then, and when memory runs out, none is open.
+    bool Open(HWND parent, const RECT& place, const std::wstring& text, const Look& look,
               ICellEditorListener& listener);
+    /// The font is borrowed. Harmless when none is open.
+    void SetFont(HFONT font);
     /// Takes it away; the focus is left to the caller. Harmless when none is open.
     void Close();
 
@@ -62,7 +72,7 @@ public:
     void ReturnWithReason(std::wstring reason);
 
 private:
-    bool OpenWindow(HWND parent, const RECT& place, const std::wstring& text, HFONT font,
+    bool OpenWindow(HWND parent, const RECT& place, const std::wstring& text, const Look& look,
                     ICellEditorListener& listener);
     Answer OnMessage(HWND window, const Message& in);
     Answer OnKeyDown(WPARAM key);
@@ -70,6 +80,7 @@ private:
     HWND window_ = nullptr;
     ICellEditorListener* listener_ = nullptr;
     Subclass subclass_;
+    EditLineLook line_;
     std::wstring opened_;
     std::wstring reason_;  // to be shown when the focus is back
 };

@@ -11,7 +11,8 @@
 namespace rl {
 namespace {
 
-constexpr int kHalf = 128;  // of 255: the hint stands between text and background
+constexpr int kHalf = 128;         // of 255: the hint stands between text and background
+constexpr int kFrameWeight = 110;  // of 255
 
 DWORD EditAlign(FilterAlign align) {
     switch (align) {
@@ -67,9 +68,14 @@ void FilterRow::Attach(HWND parent, IFilterRowListener& listener) {
 
 void FilterRow::SetLook(const Look& look) {
     look_ = look;
+    line_ = {.lineHeight = LineHeight(parent_, look.normal),
+             .back = look.back,
+             .frame = MixColors(look.back, look.text, kFrameWeight),
+             .focusFrame = look.accent};
     for (const Slot& slot : slots_) {
         if (slot.box != nullptr) {
             SetControlFont(slot.box, look.normal);
+            RefitEditLine(slot.box, line_);
             InvalidateRect(slot.box, nullptr, TRUE);
         }
     }
@@ -100,7 +106,7 @@ void FilterRow::MakeBox(int gridColumn) {
     const FlagScope own(quiet_);
     Slot& slot = slots_[static_cast<size_t>(gridColumn)];
     slot.box = CreateControl(parent_, L"Edit", slot.text.c_str(),
-                             WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL | EditAlign(align_),
+                             WS_TABSTOP | kEditLineStyle | EditAlign(align_),
                              kFirstFilterBoxId + gridColumn);
     slot.place = {};
     if (slot.box == nullptr) {
@@ -220,6 +226,7 @@ Answer FilterRow::OnBoxMessage(HWND box, const Message& in) {
         case WM_PAINT: {
             const LRESULT result = DefSubclassProc(box, in.id, in.wparam, in.lparam);
             PaintHint(box);
+            PaintEditFrame(box, line_);
             return result;
         }
         case WM_DESTROY: names_.Clear(box); return std::nullopt;
@@ -229,8 +236,8 @@ Answer FilterRow::OnBoxMessage(HWND box, const Message& in) {
             // A single line has no use for these and would only beep.
             return in.wparam == VK_ESCAPE || in.wparam == VK_RETURN || in.wparam == VK_TAB
                        ? Answer(0)
-                       : std::nullopt;
-        default: return std::nullopt;
+                       : OnEditLineMessage(box, in, line_);
+        default: return OnEditLineMessage(box, in, line_);
     }
 }
 

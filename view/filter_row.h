@@ -16,6 +16,7 @@
 
 #include "host/config/themes.h"
 #include "view/accessible_name.h"
+#include "view/edit_line.h"
 #include "view/grid.h"
 #include "view/logic/filter_plan.h"
 #include "view/message.h"
@@ -47,6 +48,7 @@ public:
         int dpi = kBaseDpi;
         Color text = 0;
         Color back = 0;
+        Color accent = 0;  // the frame of the box that is typed into
     };
 
     FilterRow() = default;
@@ -102,6 +104,7 @@ private:
     HWND parent_ = nullptr;
     IFilterRowListener* listener_ = nullptr;
     Look look_;
+    EditLineLook line_;
     FilterAlign align_ = FilterAlign::Center;
     std::wstring hint_;
     HWND grid_ = nullptr;  // the boxes follow it in the order of Tab

@@ -34,6 +34,7 @@ using UniqueFont = UniqueHandle<GdiTraits<HFONT>>;
 using UniqueBrush = UniqueHandle<GdiTraits<HBRUSH>>;
 using UniquePen = UniqueHandle<GdiTraits<HPEN>>;
 using UniqueBitmap = UniqueHandle<GdiTraits<HBITMAP>>;
+using UniqueRegion = UniqueHandle<GdiTraits<HRGN>>;
 using UniqueMenu = UniqueHandle<MenuTraits>;
 using UniqueImageList = UniqueHandle<ImageListTraits>;
 

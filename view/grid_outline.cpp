@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "model/outline_model.h"
+#include "view/edit_line.h"
 #include "view/flag_scope.h"
 #include "view/gdi_handles.h"
 #include "view/grid.h"
@@ -13,14 +14,6 @@
 
 namespace rl {
 namespace {
-
-int LineHeight(HWND window, HFONT font) {
-    const WindowDc dc(window);
-    const SelectScope selected(dc.Get(), font);
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(dc.Get(), &metrics);
-    return metrics.tmHeight;
-}
 
 POINT PointOf(LPARAM position) {
     return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};

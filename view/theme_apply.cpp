@@ -44,7 +44,7 @@ void Viewer::RebuildFonts() {
     tree_.SetFont(fonts.normal.Get(), dpi_);
     tabs_.SetFonts(fonts.normal.Get(), fonts.bold.Get(), dpi_);
     source_.SetFont(fonts.source.Get());
-    SetControlFont(editor_.Window(), fonts.normal.Get());
+    editor_.SetFont(fonts.normal.Get());
     std::swap(fonts_, fonts);
     filters_.SetLook(FilterLook());
 }

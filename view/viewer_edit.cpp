@@ -4,6 +4,7 @@
 
 #include "view/control.h"
 #include "view/flag_scope.h"
+#include "view/logic/cell_plan.h"
 #include "view/logic/edit_rules.h"
 #include "view/viewer.h"
 #include "view/wait_cursor.h"
@@ -36,8 +37,11 @@ void Viewer::BeginCellEdit(GridCell cell) {
     EditedCell edited{.viewRow = cell.viewRow,
                       .dataColumn = column,
                       .value = document_.ValueOf(modelRow, column)};
-    if (editor_.Open(grid_.Window(), grid_.CellBounds(cell), edited.value, fonts_.normal.Get(),
-                     *this)) {
+    const CellEditor::Look look{.font = fonts_.normal.Get(),
+                                .back = colors_.back,
+                                .frame = colors_.accent,
+                                .gridLine = grid_.HasGridLines() ? kGridLine : 0};
+    if (editor_.Open(grid_.Window(), grid_.CellBounds(cell), edited.value, look, *this)) {
         edited_ = std::move(edited);
     }
     UpdateStatusBar();

@@ -14,7 +14,8 @@ FilterRow::Look Viewer::FilterLook() const {
             .italic = fonts_.italic.Get(),
             .dpi = dpi_,
             .text = colors_.filterText,
-            .back = colors_.filterBack};
+            .back = colors_.filterBack,
+            .accent = colors_.accent};
 }
 
 void Viewer::RebuildFilterRow() {

@@ -48,6 +48,90 @@ Band BandOf(const tools::Image& picture, COLORREF color) {
     return band;
 }
 
+HWND FilterBox(const Viewer& viewer, int column) {
+    return GetDlgItem(viewer.Window(), 2000 + column);
+}
+
+/// The height of what is written in red in a filter box of that text.
+int InkHeight(const std::string& text, const std::string& ini) {
+    UiHost host({.ini = "filter-text-color=255\nfilter-back-color=0\n" + ini});
+    const Viewer viewer = host.OpenText(kTable);
+    SetWindowTextA(FilterBox(viewer, 0), text.c_str());
+    PumpIdle();
+    const Band ink = BandOf(PictureOf(FilterBox(viewer, 0)), kRed);
+    return ink.bottom - ink.top;
+}
+
+TEST(FilterBox, ShowsItsLettersWholeThoughTheFontIsHigherThanTheBox) {
+    // Without their lower ends both would be as high.
+    EXPECT_GT(InkHeight("np", ""), InkHeight("n", "") + 2);
+}
+
+TEST(FilterBox, DrawsNothingOutsideItself) {
+    UiHost host({.ini = "filter-back-color=65280\nfont-size=20\n"});
+    const Viewer viewer = host.OpenText(kTable);
+    const HWND box = FilterBox(viewer, 0);
+    Click(box, {20, 10});
+    Type(L"m");
+
+    EXPECT_EQ(Viewer::CountColor(viewer.Tabs(), {0, 0, 300, 26}, kLime), 0);
+    EXPECT_EQ(Viewer::CountColor(viewer.Header(), {0, 0, 300, 20}, kLime), 0);
+}
+
+TEST(FilterBox, HasAFrameInTheAccentColourWhileItIsTypedInto) {
+    UiHost host({.ini = "accent-color=255\n"});
+    const Viewer viewer = host.OpenText(kTable);
+    const HWND box = FilterBox(viewer, 0);
+    EXPECT_EQ(PictureOf(box).Count({0, 0, 2000, 100}, kRed), 0);
+
+    SetFocus(box);
+    PumpIdle();
+
+    const tools::Image picture = PictureOf(box);
+    const int side = picture.width - 2;  // the caret may stand before the frame
+    EXPECT_GE(picture.Count({0, 0, picture.width, 1}, kRed), side);
+    EXPECT_GE(picture.Count({0, picture.height - 1, picture.width, picture.height}, kRed), side);
+    SetFocus(viewer.Grid());
+    PumpIdle();
+    EXPECT_EQ(PictureOf(box).Count({0, 0, 2000, 100}, kRed), 0);
+}
+
+/// Lines of pixels with text, in a cell and then in the editor over it.
+void ExpectOneBaseline(const char* text, const wchar_t* name, const std::string& ini) {
+    UiHost host({.ini = "start-mode=edit\ntext-color=255\nback-color=0\nback-color2=0\n"
+                        "selection-text-color=255\nselection-back-color=0\n"
+                        "current-cell-back-color=0\naccent-color=65280\n" +
+                        ini});
+    const Viewer viewer = host.OpenText(text, name);
+    ClickCell(viewer, 1, 1);
+    const RECT cell = viewer.CellRect(1, 1);
+    const Band before = BandOf(Viewer::Picture(viewer.Grid()).Part(cell), kRed);
+    OpenEditor(viewer, 1, 1);
+    const HWND editor = GetDlgItem(viewer.Grid(), 4000);
+    ASSERT_NE(editor, nullptr);
+    SendMessageW(editor, EM_SETSEL, 0, 0);
+    PumpIdle();
+    const Band after = BandOf(Viewer::Picture(viewer.Grid()).Part(cell), kRed);
+
+    EXPECT_EQ(after.top, before.top);
+    EXPECT_EQ(after.bottom, before.bottom);
+}
+
+TEST(EditorText, StandsOnTheLineOfItsCell) {
+    ExpectOneBaseline("a,b\nx,HH\ny,HH\n", L"data.csv", "");
+    ExpectOneBaseline("a,b\nx,HH\ny,HH\n", L"data.csv", "font-size=24\n");
+}
+
+TEST(EditorText, StandsOnTheLineOfItsCellInAnOutline) {
+    ExpectOneBaseline(R"({"a":"HH","b":"HH"})", L"data.json", "");
+    ExpectOneBaseline(R"({"a":"HH","b":"HH"})", L"data.json", "font-size=24\n");
+}
+
+TEST(EditorText, StandsOnTheLineOfItsCellWithoutGridLines) {
+    ExpectOneBaseline("a,b\nx,HH\ny,HH\n", L"data.csv", "disable-grid-lines=1\n");
+    ExpectOneBaseline("a,b\nx,HH\ny,HH\n", L"data.csv", "disable-grid-lines=1\nfont-size=24\n");
+}
+
 /// Lines of pixels with a text cell and a number cell of one row.
 void ExpectEqualLines(const std::string& ini) {
     UiHost host({.ini = "text-color=255\nback-color=0\nback-color2=0\n" + ini});

@@ -41,8 +41,12 @@ public:
         Layout();
     }
 
+    /// As in a viewer: the boxes do not draw where the grid is.
     void Layout() {
-        row.Layout(window.grid, {0, 0, ClientRect(window.frame).width, 24});
+        constexpr int kHeight = 24;
+        const Rect client = ClientRect(window.frame);
+        MoveWindow(window.grid.Window(), 0, kHeight, client.width, client.height - kHeight, FALSE);
+        row.Layout(window.grid, {0, 0, client.width, kHeight});
         window.Paint();
     }
     void Type(int gridColumn, const std::wstring& text) {
@@ -61,8 +65,13 @@ public:
     }
     [[nodiscard]] int HintPixels(int gridColumn) {
         const HWND box = row.BoxOf(gridColumn);
-        RECT area{};
+        RECT area{};  // without the frame, and the control's own that is painted over
+        RECT whole{};
         GetClientRect(box, &area);
+        GetWindowRect(box, &whole);
+        MapWindowPoints(nullptr, box, reinterpret_cast<POINT*>(&whole), 2);
+        IntersectRect(&area, &area, &whole);
+        InflateRect(&area, -1, -1);
         return GridWindow::CountPixels(box, area, 0x0000FF);
     }
 
