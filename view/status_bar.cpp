@@ -55,20 +55,19 @@ void StatusBar::SetColors(const ThemeColors& colors) {
 }
 
 Answer StatusBar::OnMessage(const Message& in) const {
-    if (!colors_.dark) {
-        return std::nullopt;
-    }
     switch (in.id) {
         case WM_ERASEBKGND: return TRUE;
-        case WM_PAINT: PaintDark(); return 0;
+        case WM_PAINT: Paint(); return 0;
         default: return std::nullopt;
     }
 }
 
-void StatusBar::PaintDark() const {
+void StatusBar::Paint() const {
     const PaintScope paint(window_);
     const HDC dc = paint.Dc();
-    FillSolid(dc, ClientRect(window_), colors_.headerBack);
+    const Rect client = ClientRect(window_);
+    FillSolid(dc, client, colors_.headerBack);
+    FillSolid(dc, {0, 0, client.width, 1}, LineColor());
     const SelectScope font(dc, reinterpret_cast<HFONT>(SendMessageW(window_, WM_GETFONT, 0, 0)));
     const int mode = SetBkMode(dc, TRANSPARENT);
     const COLORREF previous = SetTextColor(dc, colors_.headerText);
@@ -79,15 +78,18 @@ void StatusBar::PaintDark() const {
     SetBkMode(dc, mode);
 }
 
-void StatusBar::PaintPart(HDC dc, int part) const {
+Color StatusBar::LineColor() const {
     constexpr int kLineWeight = 64;  // of MixColors
+    return MixColors(colors_.headerBack, colors_.headerText, kLineWeight);
+}
+
+void StatusBar::PaintPart(HDC dc, int part) const {
     const auto index = static_cast<WPARAM>(part);
     RECT bounds{};
     SendMessageW(window_, SB_GETRECT, index, reinterpret_cast<LPARAM>(&bounds));
     const Rect rect = FromRECT(bounds);
     if (part > 0) {
-        FillSolid(dc, {rect.left - 1, rect.top, 1, rect.height},
-                  MixColors(colors_.headerBack, colors_.headerText, kLineWeight));
+        FillSolid(dc, {rect.left - 1, rect.top, 1, rect.height}, LineColor());
     }
     const LRESULT length = LOWORD(SendMessageW(window_, SB_GETTEXTLENGTHW, index, 0));
     std::wstring text(static_cast<size_t>(length) + 1, L'\0');

@@ -10,8 +10,8 @@
 
 namespace rl {
 
-/// The system's bar, in its own colours with a light theme and in ours with a dark one: there is no
-/// dark look of the system for it.
+/// The system's bar in our colours: there is no dark look of the system for it, and its light one
+/// is at odds with every theme but one.
 class StatusBar {
 public:
     /// False when the system refuses.
@@ -28,7 +28,8 @@ public:
 private:
     Answer OnMessage(const Message& in) const;
     void FitFont(int dpi);
-    void PaintDark() const;
+    void Paint() const;
+    [[nodiscard]] Color LineColor() const;
     void PaintPart(HDC dc, int part) const;
 
     HWND window_ = nullptr;

@@ -190,6 +190,18 @@ TEST(RecordTable, LeavesNothingOfTheOutlinesScrollBar) {
               (gap.right - gap.left) * (gap.bottom - gap.top));
 }
 
+TEST(StatusBarLook, IsTheThemesOwn) {
+    for (const char* theme :
+         {"theme=Paper\nheader-back-color=255\n", "theme=Dark\nheader-back-color-dark=255\n"}) {
+        SCOPED_TRACE(theme);
+        UiHost host({.ini = theme});
+        const Viewer viewer = host.OpenText(kTable);
+        const RECT part = viewer.StatusPart(4);
+
+        EXPECT_EQ(Viewer::ColorAt(viewer.StatusBar(), {part.right - 5, part.bottom - 4}), kRed);
+    }
+}
+
 }  // namespace
 
 }  // namespace rl::test
