@@ -42,7 +42,6 @@ bool HelpWindow::RegisterWindowClass() noexcept {
     record.lpfnWndProc = &WindowProc;
     record.hInstance = OwnInstance();
     record.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    record.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
     record.lpszClassName = kClassName;
     return RegisterClassExW(&record) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
 }
@@ -51,7 +50,8 @@ void HelpWindow::UnregisterWindowClass() noexcept {
     UnregisterClassW(kClassName, OwnInstance());
 }
 
-void HelpWindow::Show(HWND viewer, const std::wstring& face, int dpi) {
+void HelpWindow::Show(HWND viewer, const std::wstring& face, int dpi, const ThemeColors& colors) {
+    SetColors(colors);
     if (window_ != nullptr) {
         SetForegroundWindow(window_);
         return;
@@ -85,9 +85,25 @@ bool HelpWindow::Create(HWND viewer, int dpi) {
         return false;
     }
     SetControlFont(text_, font_.Get());
+    SetControlDark(text_, colors_.dark);
     const int margin = Scale(kMargin, dpi) / 2;
     SendMessageW(text_, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
     return subclass_.Attach(text_, [this](HWND, const Message& in) { return OnTextMessage(in); });
+}
+
+void HelpWindow::SetColors(const ThemeColors& colors) {
+    colors_ = colors;
+    back_.Reset(CreateSolidBrush(colors.back));
+    if (text_ != nullptr) {
+        SetControlDark(text_, colors.dark);
+        InvalidateRect(text_, nullptr, TRUE);
+    }
+}
+
+LRESULT HelpWindow::OnTextColors(HDC dc) const {
+    SetTextColor(dc, colors_.text);
+    SetBkColor(dc, colors_.back);
+    return reinterpret_cast<LRESULT>(back_ ? back_.Get() : GetSysColorBrush(COLOR_WINDOW));
 }
 
 void HelpWindow::Close() noexcept {
@@ -140,7 +156,8 @@ LRESULT CALLBACK HelpWindow::WindowProc(HWND window, UINT id, WPARAM wparam, LPA
     switch (id) {
         case WM_SIZE: help->FillWindow(); return 0;
         case WM_SETFOCUS: SetFocus(help->text_); return 0;
-        case WM_CTLCOLORSTATIC: return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+        case WM_ERASEBKGND: return TRUE;  // the text covers all of it
+        case WM_CTLCOLORSTATIC: return help->OnTextColors(reinterpret_cast<HDC>(wparam));
         case WM_DESTROY:
             if (IsWindow(help->focusBefore_)) {
                 SetFocus(help->focusBefore_);

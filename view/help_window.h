@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "host/config/themes.h"
 #include "view/gdi_handles.h"
 #include "view/subclass.h"
 
@@ -25,7 +26,9 @@ public:
 
     /// Opens the window centred over `viewer`, or brings it to the front. `face` is a fixed-pitch
     /// font: the text stands in columns.
-    void Show(HWND viewer, const std::wstring& face, int dpi);
+    void Show(HWND viewer, const std::wstring& face, int dpi, const ThemeColors& colors);
+    /// Harmless when the window is not open.
+    void SetColors(const ThemeColors& colors);
     void Close() noexcept;
 
 private:
@@ -33,6 +36,7 @@ private:
     [[nodiscard]] bool Create(HWND viewer, int dpi);
     [[nodiscard]] SIZE FitText(int dpi) const;
     void FillWindow() const;
+    [[nodiscard]] LRESULT OnTextColors(HDC dc) const;
     Answer OnTextMessage(const Message& in);
     void OnGone() noexcept;
 
@@ -40,6 +44,8 @@ private:
     HWND text_ = nullptr;
     HWND focusBefore_ = nullptr;
     UniqueFont font_;
+    UniqueBrush back_;
+    ThemeColors colors_;
     Subclass subclass_;
 };
 

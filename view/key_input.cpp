@@ -72,7 +72,9 @@ bool Viewer::HandleKey(WPARAM key, KeyFocus focus) {
 bool Viewer::RunKey(const KeyBinding& binding, const KeyPress& press) {
     switch (binding.action) {
         case KeyAction::RunCommand: return RunCommand(static_cast<UINT>(binding.command));
-        case KeyAction::ShowHelp: help_.Show(window_, settings_.font.sourceFace, dpi_); return true;
+        case KeyAction::ShowHelp:
+            help_.Show(window_, settings_.font.sourceFace, dpi_, colors_);
+            return true;
         case KeyAction::LargerFont: OnFontStep(1); return true;
         case KeyAction::SmallerFont: OnFontStep(-1); return true;
         case KeyAction::SwitchTab:

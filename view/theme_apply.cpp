@@ -31,6 +31,7 @@ void Viewer::ApplyTheme() {
     tabs_.SetColors(colors_);
     source_.SetColors(sourceColors_, colors_.dark);
     status_.SetColors(colors_);
+    help_.SetColors(colors_);
     constexpr UINT kEverything = RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN;
     RedrawWindow(window_, nullptr, nullptr, kEverything);
 }

@@ -4,6 +4,7 @@
 #include "tests/ui/support/editing.h"
 #include "tests/ui/support/fakes.h"
 #include "tests/ui/support/input.h"
+#include "tests/ui/support/menus.h"
 #include "tests/ui/support/pump.h"
 #include "tests/ui/support/ui_host.h"
 
@@ -200,6 +201,21 @@ TEST(StatusBarLook, IsTheThemesOwn) {
 
         EXPECT_EQ(Viewer::ColorAt(viewer.StatusBar(), {part.right - 5, part.bottom - 4}), kRed);
     }
+}
+
+TEST(HelpLook, IsTheThemesOwnAndFollowsIt) {
+    UiHost host({.ini = "theme=Light\nback-color=255\nback-color-dark=65280\n"});
+    const Viewer viewer = host.OpenText(kTable);
+    SendMessageW(viewer.Window(), WM_KEYDOWN, VK_F1, 0);
+    const HWND help = FindWindowW(L"RowlarkHelpDialog", nullptr);
+    ASSERT_NE(help, nullptr);
+    PumpIdle();
+    const POINT blank{3, 100};
+    EXPECT_EQ(Viewer::ColorAt(help, blank), kRed);
+
+    Choose(viewer, 5102);
+
+    EXPECT_EQ(Viewer::ColorAt(help, blank), kLime);
 }
 
 }  // namespace
