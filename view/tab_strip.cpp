@@ -20,6 +20,17 @@ constexpr int kHotBackFade = 128;
 
 constexpr const wchar_t* kTitles[] = {L"Data", L"Source"};
 
+/// The same font no higher than `room`; none where it is not higher anyway. The tabs do not grow
+/// with their font.
+UniqueFont LowerFont(HFONT font, int room) {
+    LOGFONTW record{};
+    if (GetObjectW(font, sizeof record, &record) == 0 || -record.lfHeight <= room) {
+        return {};
+    }
+    record.lfHeight = -room;
+    return UniqueFont(CreateFontIndirectW(&record));
+}
+
 }  // namespace
 
 bool TabStrip::Create(HWND parent) {
@@ -40,8 +51,11 @@ bool TabStrip::Create(HWND parent) {
 }
 
 void TabStrip::SetFonts(HFONT normal, HFONT bold, int dpi) {
-    normal_ = normal;
-    bold_ = bold;
+    const int room = Scale(kTabHeight - kAccentHeight, dpi);
+    fittedNormal_ = LowerFont(normal, room);
+    fittedBold_ = LowerFont(bold, room);
+    normal_ = fittedNormal_ ? fittedNormal_.Get() : normal;
+    bold_ = fittedBold_ ? fittedBold_.Get() : bold;
     dpi_ = dpi;
     SetControlFont(window_, normal);
     SendMessageW(window_, TCM_SETITEMSIZE, 0,

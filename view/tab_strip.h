@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include "host/config/themes.h"
+#include "view/gdi_handles.h"
 #include "view/logic/geometry.h"
 #include "view/subclass.h"
 
@@ -40,6 +41,8 @@ private:
     HWND window_ = nullptr;
     HFONT normal_ = nullptr;
     HFONT bold_ = nullptr;
+    UniqueFont fittedNormal_;  // none: the one that was given is used
+    UniqueFont fittedBold_;
     int dpi_ = kBaseDpi;
     int hot_ = -1;  // the tab under the pointer
     ThemeColors colors_;

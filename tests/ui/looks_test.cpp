@@ -218,6 +218,23 @@ TEST(HelpLook, IsTheThemesOwnAndFollowsIt) {
     EXPECT_EQ(Viewer::ColorAt(help, blank), kLime);
 }
 
+/// The lines of pixels that the current tab's text takes.
+Band TabInk(const std::string& ini) {
+    UiHost host({.ini = "text-color=255\nback-color=0\n" + ini});
+    const Viewer viewer = host.OpenText(kTable);
+    return BandOf(Viewer::Picture(viewer.Tabs()).Part({0, 0, 96, 40}), kRed);
+}
+
+TEST(TabText, StandsWholeAboveTheBarWhateverTheFontSize) {
+    const Band usual = TabInk("");
+    const Band large = TabInk("font-size=40\n");
+
+    EXPECT_GT(usual.top, 0);
+    EXPECT_LT(usual.bottom, 24 - 3);
+    EXPECT_EQ(large.top, usual.top);
+    EXPECT_EQ(large.bottom, usual.bottom);
+}
+
 }  // namespace
 
 }  // namespace rl::test
