@@ -9,6 +9,7 @@
 #include "load/text/detect_encoding.h"
 #include "load/text/encode_text.h"
 #include "model/json_document.h"
+#include "model/json_text.h"
 #include "model/xml_document.h"
 
 namespace rl {
@@ -54,8 +55,14 @@ bool SaveCsv(const CsvModel& model, const std::wstring& path, std::wstring& writ
     return SaveText(path, written, model.encoding);
 }
 
+// Outside UTF-16 no encoding holds half of a surrogate pair; JSON has another spelling for it.
 bool JsonDocument::Save(const std::wstring& path) {
-    return SaveText(path, Serialize(), encoding);
+    std::wstring written = Serialize();
+    if (!EqualAsciiCase(encoding.name, labels::kUtf16Le) &&
+        !EqualAsciiCase(encoding.name, labels::kUtf16Be)) {
+        EscapeLoneSurrogates(written);
+    }
+    return SaveText(path, written, encoding);
 }
 
 bool XmlDocument::Save(const std::wstring& path) {

@@ -1,6 +1,7 @@
 #include "model/json_text.h"
 
 #include <array>
+#include <utility>
 
 #include "model/json_document.h"
 #include "model/json_scan.h"
@@ -22,8 +23,33 @@ wchar_t PlainEscape(wchar_t letter) {
     }
 }
 
+constexpr std::wstring_view kDigits = L"0123456789ABCDEF";
+
+constexpr bool IsHigh(wchar_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+constexpr bool IsLow(wchar_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+/// The first half that stands alone, from `at` on; the length of the text where there is none.
+size_t FindLoneSurrogate(std::wstring_view text, size_t at) {
+    for (; at < text.size(); ++at) {
+        if (IsLow(text[at])) {
+            return at;
+        }
+        if (IsHigh(text[at])) {
+            if (at + 1 == text.size() || !IsLow(text[at + 1])) {
+                return at;
+            }
+            ++at;
+        }
+    }
+    return text.size();
+}
+
 void AppendEscape(wchar_t unit, std::wstring& out) {
-    static constexpr std::wstring_view kDigits = L"0123456789ABCDEF";
     static constexpr std::array<wchar_t, 6> kShort = {L'b', L't', L'n', 0, L'f', L'r'};
     out += L'\\';
     const auto code = static_cast<size_t>(unit);
@@ -92,6 +118,26 @@ void AppendEscaped(std::wstring_view text, std::wstring& out) {
         }
     }
     out += L'"';
+}
+
+void EscapeLoneSurrogates(std::wstring& json) {
+    size_t written = 0;
+    std::wstring out;
+    for (size_t at = FindLoneSurrogate(json, 0); at < json.size();
+         at = FindLoneSurrogate(json, written)) {
+        const auto unit = static_cast<uint32_t>(json[at]);
+        out.append(json, written, at - written);
+        out += {L'\\',
+                L'u',
+                kDigits[unit >> 12],
+                kDigits[unit >> 8 & 15],
+                kDigits[unit >> 4 & 15],
+                kDigits[unit & 15]};
+        written = at + 1;
+    }
+    if (written > 0) {
+        json = std::move(out.append(json, written));
+    }
 }
 
 bool IsCanonicalToken(std::wstring_view token) {

@@ -17,6 +17,10 @@ void AppendDecoded(std::wstring_view token, std::wstring& out);
 /// Appends the literal for a text, quotes included.
 void AppendEscaped(std::wstring_view text, std::wstring& out);
 
+/// Rewrites each half of a surrogate pair that stands alone in JSON text as an escape, which means
+/// the same: as a character hardly an encoding would carry it.
+void EscapeLoneSurrogates(std::wstring& json);
+
 /// Whether a string token is already spelled as `AppendEscaped` would spell its text.
 [[nodiscard]] bool IsCanonicalToken(std::wstring_view token);
 

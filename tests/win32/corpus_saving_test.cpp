@@ -40,21 +40,6 @@ std::vector<fs::path> Files(std::initializer_list<std::wstring_view> suffixes) {
     return files;
 }
 
-/// Halves of surrogate pairs, which no byte sequence of UTF-8 stands for, become what is written
-/// for them.
-std::wstring WithoutHalves(std::wstring text) {
-    for (size_t at = 0; at < text.size(); ++at) {
-        const bool high = text[at] >= 0xD800 && text[at] <= 0xDBFF;
-        const bool low = text[at] >= 0xDC00 && text[at] <= 0xDFFF;
-        if (high && at + 1 < text.size() && text[at + 1] >= 0xDC00 && text[at + 1] <= 0xDFFF) {
-            ++at;
-        } else if (high || low) {
-            text[at] = L'\xFFFD';
-        }
-    }
-    return text;
-}
-
 class CorpusSaving : public testing::Test {
 protected:
     void SetUp() override {
@@ -244,8 +229,8 @@ Texts ValuesOf(const JsonDocument& document) {
     while (!open.empty()) {
         const int32_t node = open.back();
         open.pop_back();
-        texts.push_back(WithoutHalves(document.KeyText(node)));
-        texts.push_back(WithoutHalves(document.DisplayText(node)));
+        texts.push_back(document.KeyText(node));
+        texts.push_back(document.DisplayText(node));
         texts.emplace_back(document.TypeName(node));
         const std::vector<int32_t> children = document.ChildIndices(node);
         open.insert(open.end(), children.rbegin(), children.rend());

@@ -191,13 +191,28 @@ TEST(SaveNodeDocuments, WritesJsonAnewInItsEncoding) {
     EXPECT_EQ(folder.Read(L"a.json"), "{\r\n  \"a\": \"\x80\"\r\n}");
 }
 
-TEST(SaveNodeDocuments, ReplacesHalvesOfPairsThatJsonEscapesHold) {
+TEST(SaveNodeDocuments, KeepsHalvesOfPairsThatJsonEscapesHold) {
     const TempFolder folder;
     const std::wstring path = folder.Write(L"a.json", "{}");
     JsonDocument document;
-    ASSERT_TRUE(document.Parse(L"[\"\\uD83D\\uDE00\",\"\\uD83D\"]", false, false));
+    ASSERT_TRUE(document.Parse(
+        L"[\"\\uD83D\\uDE00\\ude00\",{\"\\uD83Dx\":\"\\uDE00\\uD83D\"},\"edited\"]", false, false));
+    ASSERT_TRUE(document.SetValue(4, L"\xD83D\xD83D\xDE00"));
     EXPECT_TRUE(document.Save(path));
-    EXPECT_EQ(folder.Read(L"a.json"), "[\r\n  \"\xF0\x9F\x98\x80\",\r\n  \"\xEF\xBF\xBD\"\r\n]");
+    EXPECT_EQ(
+        folder.Read(L"a.json"),
+        "[\r\n  \"\xF0\x9F\x98\x80\\uDE00\",\r\n  {\r\n    \"\\uD83Dx\": \"\\uDE00\\uD83D\"\r\n"
+        "  },\r\n  \"\\uD83D\xF0\x9F\x98\x80\"\r\n]");
+}
+
+TEST(SaveNodeDocuments, KeepsHalvesOfPairsThatJsonInUtf16Holds) {
+    const TempFolder folder;
+    const std::wstring path = folder.Write(L"a.json", "{}");
+    JsonDocument document;
+    ASSERT_TRUE(document.Parse(L"\"\xD83D\"", false, false));
+    document.encoding = {.name = L"UTF-16LE"};
+    EXPECT_TRUE(document.Save(path));
+    EXPECT_EQ(folder.Read(L"a.json"), "\"\0\x3D\xD8\"\0"s);
 }
 
 TEST(SaveNodeDocuments, WritesXmlInItsEncoding) {
