@@ -17,6 +17,9 @@ struct GlobalTraits {
 
 using UniqueGlobal = UniqueHandle<GlobalTraits>;
 
+/// A reader of the clipboard takes the first NUL for the end of the text.
+constexpr wchar_t kSymbolForNul = 0x2400;
+
 /// Another program may hold the clipboard for a moment.
 bool OpenClipboardPatiently(HWND owner) {
     constexpr int kTries = 5;
@@ -37,6 +40,7 @@ UniqueGlobal WriteToGlobal(size_t size, const std::function<void(wchar_t*)>& wri
         return {};
     }
     write(units);
+    std::replace(units, units + size, L'\0', kSymbolForNul);
     units[size] = L'\0';
     GlobalUnlock(memory.Get());
     return memory;

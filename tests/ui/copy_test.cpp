@@ -37,6 +37,18 @@ void SelectNone(const Viewer& viewer) {
                  reinterpret_cast<LPARAM>(&state));
 }
 
+TEST(Copy, TakesWhatStandsBehindANul) {
+    UiHost host;
+    const Viewer viewer =
+        host.OpenText("[{\"a\": \"x\\u0000y\", \"b\": 1}, {\"a\": \"z\", \"b\": 2}]", L"a.json");
+    Key('T', {VK_CONTROL});
+    Click(viewer.Grid(), viewer.CellCenter(0, 0));
+    Key('C', {VK_CONTROL});
+    EXPECT_EQ(ClipboardText(), L"x\x2400y\tz");
+    Key('C', {VK_SHIFT});
+    EXPECT_EQ(ClipboardText(), L"x\x2400y\t1");
+}
+
 TEST(Copy, TakesTheCurrentCellWithC) {
     UiHost host;
     const Viewer viewer = host.OpenText(kTable);
