@@ -90,7 +90,7 @@ bool Viewer::StoreTyped(std::wstring& reason) {
     const std::wstring typed = editor_.Text();
     switch (PlanEditEnd({.value = edited_.value, .opened = editor_.OpenedText(), .typed = typed})) {
         case EditEnd::Cancel: return true;
-        case EditEnd::Refuse: reason = kMultiLineValue; return false;
+        case EditEnd::Refuse: reason = RefusedEditReason(edited_.value); return false;
         case EditEnd::Store: break;
     }
     const int modelRow = document_.rows->ModelRow(edited_.viewRow);

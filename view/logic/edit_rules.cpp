@@ -23,6 +23,11 @@ EditEnd PlanEditEnd(const EditorTexts& texts) {
     return texts.opened == texts.value ? EditEnd::Store : EditEnd::Refuse;
 }
 
+// A NUL ends the text of every edit control; what else one cannot hold are breaks of lines.
+std::wstring_view RefusedEditReason(std::wstring_view value) {
+    return value.contains(L'\0') ? L"NUL IN VALUE" : L"MULTI-LINE VALUE";
+}
+
 size_t WordStartBefore(std::wstring_view text, size_t caret) {
     const auto isBlank = [](wchar_t unit) { return unit == L' ' || unit == L'\t'; };
     size_t at = std::min(caret, text.size());

@@ -40,8 +40,9 @@ struct EditorTexts {
 /// what it would give back is not the user's text: it is refused.
 [[nodiscard]] EditEnd PlanEditEnd(const EditorTexts& texts);
 
-/// Why such a text is refused, as short as the models' own reasons.
-inline constexpr std::wstring_view kMultiLineValue = L"MULTI-LINE VALUE";
+/// Why a text is refused in place of a value that no editor holds, as short as the models' own
+/// reasons.
+[[nodiscard]] std::wstring_view RefusedEditReason(std::wstring_view value);
 
 /// The row that is current once rows are gone: the one now at the place of the first of them, else
 /// the last one; -1 when none is left.

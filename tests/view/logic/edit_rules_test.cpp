@@ -65,6 +65,11 @@ TEST(EditRules, LeaveAValueAloneThatTheEditorCannotHold) {
     EXPECT_EQ(PlanEditEnd({.value = L"a\nb", .opened = L"ab", .typed = L"x"}), EditEnd::Refuse);
 }
 
+TEST(EditRules, SayWhatTheEditorCannotHold) {
+    EXPECT_EQ(RefusedEditReason(std::wstring_view(L"a\0b\n", 4)), L"NUL IN VALUE");
+    EXPECT_EQ(RefusedEditReason(L"a\nb"), L"MULTI-LINE VALUE");
+}
+
 TEST(EditRules, StoreLineBreaksThatTheEditorHolds) {
     EXPECT_EQ(PlanEditEnd({.value = L"a\nb", .opened = L"a\nb", .typed = L"a\nc"}), EditEnd::Store);
 }
