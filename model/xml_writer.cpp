@@ -1,6 +1,8 @@
 #include "model/xml_writer.h"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,10 +16,21 @@ struct Replacement {
     std::wstring text;
 };
 
+/// Blanks alone between two tags are no text node: read again, the value would be gone. One of them
+/// as a reference, which means the same, keeps it.
+std::wstring TextContent(std::wstring_view value) {
+    constexpr std::wstring_view kBlanks = L" \t\r\n";
+    if (value.empty() || value.find_first_not_of(kBlanks) != std::wstring_view::npos) {
+        return EscapeText(value);
+    }
+    return L"&#" + std::to_wstring(static_cast<int>(value.front())) + L";" +
+           std::wstring(value.substr(1));
+}
+
 Replacement ReplaceNode(const XmlNode& node, const std::wstring& value) {
     Replacement change{.start = node.valueOffset, .length = node.valueLength, .text = {}};
     if (node.kind == XmlKind::Text) {
-        change.text = EscapeText(value);
+        change.text = TextContent(value);
         return change;
     }
     // Data that had none before it would become part of the target.

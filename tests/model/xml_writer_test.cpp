@@ -39,6 +39,20 @@ TEST(XmlWriter, EscapesTextAndLeavesOtherContentsAsTheyAre) {
               L"<r><a>&lt;&amp;&gt;\"</a> <b><![CDATA[<&>]]></b><!--<&>--><?p <&>?></r>");
 }
 
+TEST(XmlWriter, WritesATextOfBlanksSoThatItIsReadAgain) {
+    XmlDocument document;
+    ASSERT_TRUE(document.Parse(L"<r><a>one</a><b>two<i/></b><c>three</c></r>"));
+    Edit(document, 3, L"  ");
+    Edit(document, 5, L"\t");
+    Edit(document, 8, L" x ");
+    const std::wstring written = document.Serialize();
+    EXPECT_EQ(written, L"<r><a>&#32; </a><b>&#9;<i/></b><c> x </c></r>");
+    ASSERT_TRUE(document.Parse(written));
+    EXPECT_EQ(document.NodeValue(3), L"  ");
+    EXPECT_EQ(document.NodeValue(5), L"\t");
+    EXPECT_EQ(document.NodeValue(8), L" x ");
+}
+
 TEST(XmlWriter, PutsManyEditsInTheirPlaces) {
     std::wstring text = L"<r>";
     std::wstring expected = L"<r>";
