@@ -20,6 +20,29 @@ constexpr int kIndent = 18;  // at 96 dpi
 /// may be nested.
 constexpr size_t kDeepestSelection = 1000;
 
+/// Takes the window for hidden as long as the block lasts, without a flicker: whatever the control
+/// scrolls or paints all the same while its redrawing is off, it does not then.
+class UnseenScope {
+public:
+    explicit UnseenScope(HWND window) noexcept
+        : redraw_(window), window_(IsWindowVisible(window) != FALSE ? window : nullptr) {
+        Tell(FALSE);
+    }
+    UnseenScope(const UnseenScope&) = delete;
+    UnseenScope& operator=(const UnseenScope&) = delete;
+    ~UnseenScope() { Tell(TRUE); }
+
+private:
+    void Tell(BOOL seen) const noexcept {
+        if (window_ != nullptr) {
+            DefWindowProcW(window_, WM_SETREDRAW, static_cast<WPARAM>(seen), 0);
+        }
+    }
+
+    RedrawScope redraw_;
+    HWND window_;
+};
+
 /// The data of an item that stands for no node and is no placeholder either.
 constexpr LPARAM kNoNode = -1;
 
@@ -77,16 +100,21 @@ bool TreePane::Select(int32_t node) {
     const std::vector<int32_t> path = items_.PathTo(node);
     bool isListed = path.size() <= kDeepestSelection;
     HTREEITEM item = nullptr;
-    for (size_t level = 0; level < std::min(path.size(), kDeepestSelection); ++level) {
-        if (item != nullptr) {
-            Open(item);
+    {
+        // Each opened level would scroll and paint the pane: that alone takes seconds when deep.
+        const FlagScope own(filling_);
+        const UnseenScope unseen(window_);
+        for (size_t level = 0; level < std::min(path.size(), kDeepestSelection); ++level) {
+            if (item != nullptr) {
+                Open(item);
+            }
+            const auto found = itemOf_.find(path[level]);
+            if (found == itemOf_.end()) {
+                isListed = false;
+                break;
+            }
+            item = found->second;
         }
-        const auto found = itemOf_.find(path[level]);
-        if (found == itemOf_.end()) {
-            isListed = false;
-            break;
-        }
-        item = found->second;
     }
     if (item == nullptr) {
         return false;
@@ -106,7 +134,8 @@ Answer TreePane::OnNotify(NMHDR& note) {
     const auto& tree = reinterpret_cast<const NMTREEVIEWW&>(note);
     switch (note.code) {
         case TVN_ITEMEXPANDINGW:
-            if ((tree.action & TVE_EXPAND) != 0) {
+            if ((tree.action & TVE_EXPAND) != 0 && !filling_) {
+                const RedrawScope still(window_);
                 Fill(tree.itemNew.hItem);
             }
             return FALSE;
@@ -185,7 +214,6 @@ void TreePane::Fill(HTREEITEM item) {
         return;
     }
     const std::vector<int32_t> children = items_.Children(static_cast<int32_t>(DataOf(item)) - 1);
-    const RedrawScope still(window_);
     SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(first));
     InsertAll(item, children);
 }

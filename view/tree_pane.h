@@ -75,6 +75,7 @@ private:
     std::unordered_map<int32_t, HTREEITEM> itemOf_;  // by node
     ThemeColors colors_;
     bool muted_ = false;
+    bool filling_ = false;  // items are opened by us, who see to their children and to drawing
 };
 
 }  // namespace rl

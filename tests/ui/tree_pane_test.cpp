@@ -110,6 +110,35 @@ TEST(TreeLayout, SelectsTheTopForARootOfRecords) {
     EXPECT_EQ(viewer.RowCount(), 2);
 }
 
+/// Counts the paints of a window in the integer behind `data`.
+LRESULT CALLBACK CountPaints(HWND window, UINT id, WPARAM wparam, LPARAM lparam, UINT_PTR,
+                             DWORD_PTR data) {
+    *reinterpret_cast<int*>(data) += id == WM_PAINT ? 1 : 0;
+    return DefSubclassProc(window, id, wparam, lparam);
+}
+
+TEST(TreeLayout, OpensTheWayToDeepRecordsUnseen) {
+    constexpr int kDepth = 100;
+    std::string text = "[{\"a\": 1}, {\"a\": 2}]";
+    for (int level = 0; level < kDepth; ++level) {
+        text = "{\"k" + std::to_string(level) + "\": " + text + "}";
+    }
+    UiHost host;
+    const Viewer viewer = host.OpenText(text, L"a.json");
+    Key('T', {VK_CONTROL});
+    Key('T', {VK_CONTROL});
+    int paints = 0;
+    SetWindowSubclass(viewer.Tree(), &CountPaints, 1, reinterpret_cast<DWORD_PTR>(&paints));
+    Key('T', {VK_CONTROL});
+    EXPECT_LT(paints, kDepth / 2);
+    Choose(viewer, 5011);
+    EXPECT_LT(paints, kDepth);
+    RemoveWindowSubclass(viewer.Tree(), &CountPaints, 1);
+    EXPECT_TRUE(IsWindowVisible(viewer.Tree()));
+    EXPECT_EQ(Selected(viewer.Tree()), L"k0");
+    EXPECT_EQ(viewer.RowCount(), 2);
+}
+
 TEST(TreeLayout, OfXmlListsElementsOnly) {
     UiHost host({.ini = "tree-outline=0\n"});
     const Viewer viewer = host.OpenText(kXml, L"a.xml");
