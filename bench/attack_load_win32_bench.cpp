@@ -49,6 +49,10 @@ constexpr auto kAttacks = std::to_array<Attack>({
     {"json: blocks side by side", kJson, "", "{}", "", true},
     {"json: broken blocks side by side", kJson, "", "[1}", "", true},
     {"json: blocks broken inside", kJson, "", "[:]", "", true},
+    {"json: long lines in a broken file", kJson, "",
+     "{\"name\":\"customer of the northern warehouse\",\"path\":\"/catalogue/section/garden/"
+     "furniture/details/of/the/products/and/reviews.html\",\"number\":1}\n",
+     "", true},
     {"json: lines in a broken file", kJson, "", "{\"a\":1}\n", "", true},
     {"json: brackets crossed", kJson, "", "[", "}", true},
     {"json: quotes", kJson, "[", "\""},

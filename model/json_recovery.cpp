@@ -1,6 +1,7 @@
 #include "model/json_recovery.h"
 
 #include "model/json_parser.h"
+#include "model/json_scan.h"
 
 namespace rl {
 
@@ -28,31 +29,39 @@ private:
     int32_t last_ = -1;
 };
 
+/// Where the string ends whose opening quote is at `at`: its closing quote, or the end of the text.
+size_t StringEnd(std::wstring_view text, size_t at) {
+    const wchar_t* const end = text.data() + text.size();
+    const wchar_t* unit = text.data() + at + 1;
+    while ((unit = detail::JsonScan<wchar_t>::PastStringText(unit, end)) != end && *unit != L'"') {
+        unit += end - unit < 2 ? 1 : 2;  // what follows a backslash means nothing
+    }
+    return static_cast<size_t>(unit - text.data());
+}
+
 /// Past the block that opens at `from`, whatever kinds its brackets are of; npos when it is open or
 /// nobody waits.
 size_t BlockEnd(std::wstring_view text, size_t from, const AbandonCheck& abandoned) {
-    bool inString = false;
     size_t depth = 0;
     size_t askAt = from + static_cast<size_t>(kJsonAskEvery);
     for (size_t at = from; at < text.size(); ++at) {
         if (at >= askAt) [[unlikely]] {
-            askAt += static_cast<size_t>(kJsonAskEvery);
+            askAt = at + static_cast<size_t>(kJsonAskEvery);
             if (abandoned()) {
                 break;
             }
         }
-        const wchar_t unit = text[at];
-        if (inString) {
-            at += unit == L'\\' ? 1 : 0;
-            inString = unit != L'"';
-        } else if (unit == L'"') {
-            inString = true;
-        } else if (unit == L'{' || unit == L'[') {
-            ++depth;
-        } else if (unit == L'}' || unit == L']') {
-            if (--depth == 0) {
-                return at + 1;
-            }
+        switch (text[at]) {
+            case L'"': at = StringEnd(text, at); break;
+            case L'{':
+            case L'[': ++depth; break;
+            case L'}':
+            case L']':
+                if (--depth == 0) {
+                    return at + 1;
+                }
+                break;
+            default: break;
         }
     }
     return std::wstring_view::npos;

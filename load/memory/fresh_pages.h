@@ -19,9 +19,9 @@ namespace rl {
 class FreshPages {
 public:
     /// How many bytes are prepared together.
-    static constexpr size_t kStretch = size_t{256} * 1024;
+    static constexpr size_t kStretch = size_t{512} * 1024;
     /// Rooms smaller than this are not worth a thread.
-    static constexpr size_t kSmallest = 32 * kStretch;
+    static constexpr size_t kSmallest = 16 * kStretch;
 
     FreshPages() = default;
     ~FreshPages() { Stop(); }
