@@ -13,6 +13,7 @@
 #include <cstdint>
 
 #include "model/csv_scan.h"
+#include "model/prefix_xor.h"
 
 namespace rl::detail {
 
@@ -60,17 +61,6 @@ struct CsvBlockMasks {
     uint64_t delimiters;
     uint64_t breaks;
 };
-
-/// Bit i of the answer is set when an odd number of the bits 0 .. i is.
-static inline uint64_t PrefixXor(uint64_t bits) {
-    bits ^= bits << 1;
-    bits ^= bits << 2;
-    bits ^= bits << 4;
-    bits ^= bits << 8;
-    bits ^= bits << 16;
-    bits ^= bits << 32;
-    return bits;
-}
 
 template <typename Unit, typename InstructionSet>
 class CsvScanLoop {

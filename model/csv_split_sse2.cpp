@@ -6,6 +6,7 @@
 
 #include "model/csv_masks_sse2.h"
 #include "model/csv_split.h"
+#include "model/prefix_xor.h"
 
 namespace rl::detail {
 

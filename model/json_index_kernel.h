@@ -14,6 +14,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "model/prefix_xor.h"
+
 namespace rl::detail {
 
 inline constexpr std::ptrdiff_t kJsonBlock = 64;
@@ -183,17 +185,6 @@ private:
     static bool FourDigitsFollow(const Unit* at, const Unit* end) {
         return end - at > 4 && IsJsonHexDigit(at[1]) && IsJsonHexDigit(at[2]) &&
                IsJsonHexDigit(at[3]) && IsJsonHexDigit(at[4]);
-    }
-
-    /// Bit i of the answer is set when an odd number of the bits 0 .. i is.
-    static uint64_t PrefixXor(uint64_t bits) {
-        bits ^= bits << 1;
-        bits ^= bits << 2;
-        bits ^= bits << 4;
-        bits ^= bits << 8;
-        bits ^= bits << 16;
-        bits ^= bits << 32;
-        return bits;
     }
 };
 

@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "model/prefix_xor.h"
 #include "model/xml_marks.h"
 
 namespace rl::detail {
@@ -34,7 +35,7 @@ public:
         const uint64_t tagsBefore = tags << 1 | inTag_;
         const uint64_t quotes = set.Equal(quote_) & tags;
         // From each opening quote to the unit before the closing one.
-        const uint64_t quoted = Parity(quotes) ^ inQuotes_;
+        const uint64_t quoted = PrefixXor(quotes) ^ inQuotes_;
         if ((((tags & ~tagsBefore) ^ opens) | ((tagsBefore & ~tags) ^ closes) | (opens & quoted)) !=
             0) {
             return false;
@@ -66,17 +67,6 @@ public:
     [[nodiscard]] uint32_t* MarksEnd() const { return marks_; }
 
 private:
-    /// For each bit, whether the number of bits up to it is odd.
-    static uint64_t Parity(uint64_t bits) {
-        bits ^= bits << 1;
-        bits ^= bits << 2;
-        bits ^= bits << 4;
-        bits ^= bits << 8;
-        bits ^= bits << 16;
-        bits ^= bits << 32;
-        return bits;
-    }
-
     /// A fixed number at a time: most blocks have fewer, so that there is nothing to foretell.
     void Append(uint64_t bits) {
         uint32_t* at = marks_;
