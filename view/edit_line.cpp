@@ -10,24 +10,6 @@
 namespace rl {
 namespace {
 
-/// The device context of a whole window, its frame included.
-class FrameDc {
-public:
-    explicit FrameDc(HWND window) noexcept : window_(window), dc_(GetWindowDC(window)) {}
-    FrameDc(const FrameDc&) = delete;
-    FrameDc& operator=(const FrameDc&) = delete;
-    ~FrameDc() {
-        if (dc_ != nullptr) {
-            ReleaseDC(window_, dc_);
-        }
-    }
-    [[nodiscard]] HDC Get() const noexcept { return dc_; }
-
-private:
-    HWND window_;
-    HDC dc_;
-};
-
 /// Messages in which a control draws, some of them without waiting to be asked to paint.
 bool MayDraw(UINT id) {
     switch (id) {
@@ -127,7 +109,7 @@ void PaintEditFrame(HWND edit, const EditLineLook& look) {
     const Rect box{0, 0, window.right - window.left, window.bottom - window.top};
     const bool caret = hasFocus && HideCaret(edit);
     {
-        const FrameDc dc(edit);
+        const WindowDc dc(edit, DcArea::Window);
         const int bottom = client.Bottom() - kEditFrame;
         const Rect above{0, 0, box.width, client.top + kEditFrame};
         const Rect below{0, bottom, box.width, box.height - bottom};

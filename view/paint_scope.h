@@ -43,10 +43,14 @@ private:
     HDC dc_;
 };
 
-/// The device context of a window's client area, for measuring or for drawing at once.
+enum class DcArea { Client, Window };
+
+/// The device context of a window's client area or of all of it, for measuring or for drawing at
+/// once.
 class WindowDc {
 public:
-    explicit WindowDc(HWND window) noexcept : window_(window), dc_(GetDC(window)) {}
+    explicit WindowDc(HWND window, DcArea area = DcArea::Client) noexcept
+        : window_(window), dc_(area == DcArea::Client ? GetDC(window) : GetWindowDC(window)) {}
     WindowDc(const WindowDc&) = delete;
     WindowDc& operator=(const WindowDc&) = delete;
     ~WindowDc() {
