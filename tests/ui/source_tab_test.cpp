@@ -335,15 +335,21 @@ TEST(LocateInSource, ScrollsToTheRow) {
     EXPECT_GT(GetScrollPos(viewer.Source(), SB_VERT), 4900);
 }
 
+/// Makes the value of the first row with this name the current cell; false when there is none.
+bool ClickValueOf(const Viewer& viewer, std::wstring_view name) {
+    for (int row = 0; row < viewer.RowCount(); ++row) {
+        if (viewer.Cell(row, 0) == name) {
+            Click(viewer.Grid(), viewer.CellCenter(row, 1));
+            return true;
+        }
+    }
+    return false;
+}
+
 TEST(LocateInSource, SelectsTheValueBehindARowOfAJsonOutline) {
     UiHost host;
     const Viewer viewer = host.OpenText("{\"a\": 1, \"b\": [10, {\"c\": \"x\"}]}", L"data.json");
-    int row = 0;
-    while (row < viewer.RowCount() && viewer.Cell(row, 0) != L"b") {
-        ++row;
-    }
-    ASSERT_LT(row, viewer.RowCount());
-    Click(viewer.Grid(), viewer.CellCenter(row, 1));
+    ASSERT_TRUE(ClickValueOf(viewer, L"b"));
 
     Key('L', {VK_CONTROL});
 
@@ -353,12 +359,7 @@ TEST(LocateInSource, SelectsTheValueBehindARowOfAJsonOutline) {
 TEST(LocateInSource, SelectsTheElementBehindARowOfAnXmlOutline) {
     UiHost host;
     const Viewer viewer = host.OpenText("<r>\n<a/>\n<b>one</b>\n</r>\n", L"data.xml");
-    int row = 0;
-    while (row < viewer.RowCount() && viewer.Cell(row, 0) != L"b") {
-        ++row;
-    }
-    ASSERT_LT(row, viewer.RowCount());
-    Click(viewer.Grid(), viewer.CellCenter(row, 1));
+    ASSERT_TRUE(ClickValueOf(viewer, L"b"));
 
     Key('L', {VK_CONTROL});
 
