@@ -80,6 +80,8 @@ TEST(JsonRecovery, PrefersBlocksToLinesAndLeavesLinesToASecondTry) {
     ASSERT_TRUE(document.Parse(text, false, true));
     EXPECT_TRUE(document.salvaged && !document.lines);
     EXPECT_EQ(document.nodes[0].childCount, 2U);
+    EXPECT_EQ(document.Serialize(),
+              L"[\r\n  {\r\n    \"a\": 1\r\n  },\r\n  {\r\n    \"b\": 2\r\n  }\r\n]");
 }
 
 TEST(JsonRecovery, SalvagesManySmallAndBrokenBlocks) {

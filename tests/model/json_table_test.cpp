@@ -103,6 +103,23 @@ TEST(JsonTable, LetsOnlyScalarsBeEdited) {
     EXPECT_FALSE(members.IsCellEditable(2, 1));
 }
 
+TEST(JsonTable, LetsNoObjectBeEditedAndEveryScalarElement) {
+    JsonDocument members;
+    ASSERT_TRUE(members.Parse(L"{\"k\":{\"z\":1}}", false, false));
+    const JsonTableView member(&members, 0, L"N/A", false);
+    EXPECT_EQ(member.CellText(1, 0), L"k");
+    EXPECT_EQ(member.CellText(1, 1), L"[Object]");
+    EXPECT_FALSE(member.IsCellEditable(1, 0));
+    EXPECT_FALSE(member.IsCellEditable(1, 1));
+    JsonDocument elements;
+    ASSERT_TRUE(elements.Parse(L"[1,\"x\",[2],{}]", false, false));
+    const JsonTableView element(&elements, 0, L"N/A", false);
+    EXPECT_TRUE(element.IsCellEditable(1, 0));
+    EXPECT_TRUE(element.IsCellEditable(2, 0));
+    EXPECT_FALSE(element.IsCellEditable(3, 0));
+    EXPECT_FALSE(element.IsCellEditable(4, 0));
+}
+
 TEST(JsonTable, NamesTheNodesBehindRowsAndCells) {
     JsonDocument document;
     ASSERT_TRUE(document.Parse(L"[{\"a\":1},{\"b\":2}]", false, false));

@@ -161,6 +161,14 @@ TEST_F(XmlTable, IsEmptyForAnEmptyElementAndForOtherNodes) {
     EXPECT_TRUE(view_->IsKeyValue());
 }
 
+TEST_F(XmlTable, ShowsTheAttributesOfAnEmptyElement) {
+    EXPECT_EQ(TextsOf(L"<r id='7' x='8'/>"),
+              (Rows{{L"Key", L"Value"}, {L"@id", L"7"}, {L"@x", L"8"}}));
+    EXPECT_TRUE(view_->IsKeyValue());
+    EXPECT_FALSE(view_->IsCellEditable(1, 0));
+    EXPECT_TRUE(view_->IsCellEditable(1, 1));
+}
+
 TEST_F(XmlTable, AnswersQuestionsBeyondItsEdges) {
     Show(L"<r><i a='1'/><i a='2'/></r>");
     for (const auto& [row, column] : {std::pair{-1, 0}, {3, 0}, {0, 1}, {1, -1}, {1, 1}}) {

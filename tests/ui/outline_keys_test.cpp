@@ -68,6 +68,18 @@ TEST(OutlineOpens, WithNamesAndValuesAndTheFirstTwoLevels) {
     EXPECT_EQ(it.viewer.Cell(6, 1), L"one two");
 }
 
+TEST(OutlineOpens, AsFarAsTheSettingLetsIt) {
+    std::string zeros = "0";
+    for (int i = 1; i < 600; ++i) {
+        zeros += ",0";
+    }
+    const std::string deep = "[[[" + zeros + "]]]";
+    UiHost usual;
+    EXPECT_EQ(usual.OpenText(deep, L"a.json").RowCount(), 3);  // 600 are far more than 120
+    UiHost unlimited({.ini = "outline-expand-max=0\n"});
+    EXPECT_EQ(unlimited.OpenText(deep, L"a.json").RowCount(), 603);
+}
+
 TEST(OutlineOpens, WithTheFirstRowSelectedOrTheRootElement) {
     EXPECT_EQ(Outline().Current(), L"<<root>>");
     const Outline xml(kXml, L"a.xml");
@@ -113,6 +125,30 @@ TEST(OutlineKeys, LeftClosesThenGoesToTheParentAndStaysAtTheRoot) {
     EXPECT_EQ(it.Names(), L"<<root>>");
     it.Press(VK_LEFT);
     EXPECT_EQ(it.Current(), L"<<root>>");
+}
+
+TEST(OutlineKeys, LeftAtTheRootIsUsedUpInAnyColumn) {
+    const Outline it;
+    Click(it.viewer.Grid(), it.viewer.CellCenter(0, 1));
+    ASSERT_EQ(it.viewer.Status(4).substr(0, 4), L" 1:2");
+    it.Press(VK_LEFT);
+    EXPECT_EQ(it.Names(), L"<<root>>");
+    it.Press(VK_LEFT);
+    EXPECT_EQ(it.Current(), L"<<root>>");
+    EXPECT_EQ(it.viewer.Status(4).substr(0, 4), L" 1:2");
+}
+
+TEST(OutlineKeys, RightOnAnOpenRowThatIsTheLastOneIsUsedUp) {
+    const Outline it;
+    SetWindowTextW(GetDlgItem(it.viewer.Window(), 2000), L"list");
+    PumpIdle();
+    ASSERT_EQ(it.Names(), L"<<root>> list");
+    it.GoTo(L"list");
+    ASSERT_EQ(it.viewer.Status(4).substr(0, 4), L" 2:1");
+    it.Press(VK_RIGHT);
+    EXPECT_EQ(it.Names(), L"<<root>> list");
+    EXPECT_EQ(it.Current(), L"list");
+    EXPECT_EQ(it.viewer.Status(4).substr(0, 4), L" 2:1");
 }
 
 TEST(OutlineKeys, RightOpensThenGoesIn) {

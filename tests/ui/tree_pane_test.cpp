@@ -66,6 +66,45 @@ void Select(HWND tree, HTREEITEM item) {
     PumpIdle();
 }
 
+TEST(TreeLayout, ReadsItsColumnsAsTheSettingsSay) {
+    constexpr const char* kRecords = R"([{"a":1},{"b":2,"a":3}])";
+    UiHost first({.ini = "tree-outline=0\nskip-attributes-scan=1\n"});
+    const Viewer firstOnly = first.OpenText(kRecords, L"a.json");
+    EXPECT_EQ(firstOnly.Headers(), (Texts{L"a"}));
+    EXPECT_EQ(firstOnly.Row(1), (Texts{L"3"}));
+    UiHost missing({.ini = "tree-outline=0\nmissing-attribute-value=none\n"});
+    const Viewer named = missing.OpenText(kRecords, L"a.json");
+    EXPECT_EQ(named.Headers(), (Texts{L"a", L"b"}));
+    EXPECT_EQ(named.Row(0), (Texts{L"1", L"none"}));
+}
+
+TEST(TreeLayout, SwitchedToShowsTheTopOfJsonWithoutRecords) {
+    UiHost host;
+    const Viewer viewer = host.OpenText(R"({"a": 1, "b": [2]})", L"a.json");
+    Key('T', {VK_CONTROL});
+    EXPECT_EQ(Selected(viewer.Tree()), L"<<root>>");
+    EXPECT_EQ(viewer.Headers(), (Texts{L"Attribute", L"Value"}));
+    ASSERT_EQ(viewer.RowCount(), 2);
+    EXPECT_EQ(viewer.Row(1), (Texts{L"b", L"[Array]"}));
+}
+
+TEST(TreeLayout, ShowsTheFirstElementOfXmlWithoutRecordsEitherWay) {
+    for (const char* ini : {"", "tree-outline=0\n"}) {
+        UiHost host({.ini = ini});
+        const Viewer viewer =
+            host.OpenText("<!--c--><f><name>n</name><size>1</size></f>", L"a.xml");
+        if (!IsWindowVisible(viewer.Tree())) {
+            Key('T', {VK_CONTROL});
+        }
+        EXPECT_EQ(Selected(viewer.Tree()), L"f");
+        EXPECT_EQ(viewer.Headers(), (Texts{L"Key", L"Value"}));
+        ASSERT_EQ(viewer.RowCount(), 2);
+        EXPECT_EQ(viewer.Row(0), (Texts{L"name", L"n"}));
+        EXPECT_EQ(viewer.Row(1), (Texts{L"size", L"1"}));
+        EXPECT_EQ(viewer.Status(1), L" XML (key/value)");
+    }
+}
+
 TEST(TreeLayout, IsReachedByCtrlTAndLeftByIt) {
     UiHost host;
     const Viewer viewer = host.OpenText(kJson, L"a.json");

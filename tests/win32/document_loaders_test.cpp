@@ -160,11 +160,20 @@ TEST_F(LoadJsonTest, ReadsAFileNamedForLinesInNoOtherWay) {
     for (const wchar_t* name : {L"a.jsonl", L"a.NDJSON", L"a.b.JsonL"}) {
         EXPECT_EQ(Load(name, "[1,\n2]"), nullptr) << "a document, but not line by line";
         EXPECT_EQ(error, L"Not a valid JSON document");
-        EXPECT_EQ(Load(name, "{\"a\":1} oops", 1), nullptr);
+        for (const int mode : {0, 1}) {
+            error.clear();
+            EXPECT_EQ(Load(name, "{\"a\":1}\nbad\n{\"b\":2}", mode), nullptr);
+            EXPECT_EQ(error, L"Not a valid JSON document");
+        }
         const auto lines = Load(name, "1\n2");
         ASSERT_NE(lines, nullptr);
         EXPECT_TRUE(lines->lines);
     }
+}
+
+TEST_F(LoadJsonTest, SaysSoWhereNoBlockCanBeRecovered) {
+    EXPECT_EQ(Load(L"a.json", "{\"a\":1]", 1), nullptr);
+    EXPECT_EQ(error, L"Not a valid JSON document");
 }
 
 TEST_F(LoadJsonTest, RecoversBlocksBeforeItTriesLines) {
