@@ -11,14 +11,13 @@ namespace rl {
 namespace {
 
 /// Messages in which a control draws, some of them without waiting to be asked to paint.
-bool MayDraw(UINT id) {
-    switch (id) {
+bool MayDraw(const Message& in) {
+    switch (in.id) {
         case WM_PAINT:
         case WM_CHAR:
         case WM_KEYDOWN:
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
-        case WM_MOUSEMOVE:
         case WM_SETTEXT:
         case WM_PASTE:
         case WM_CUT:
@@ -27,6 +26,7 @@ bool MayDraw(UINT id) {
         case EM_UNDO:
         case EM_SETSEL:
         case EM_REPLACESEL: return true;
+        case WM_MOUSEMOVE: return (in.wparam & MK_LBUTTON) != 0;  // drags a selection
         default: return false;
     }
 }
@@ -89,7 +89,7 @@ Answer OnEditLineMessage(HWND edit, const Message& in, const EditLineLook& look)
         case WM_NCHITTEST: return HTCLIENT;  // all of the box is the text's
         default: break;
     }
-    if (!MayDraw(in.id)) {
+    if (!MayDraw(in)) {
         return std::nullopt;
     }
     const LRESULT result = DefSubclassProc(edit, in.id, in.wparam, in.lparam);
